@@ -316,8 +316,8 @@ void frmMain::ShowTitle()
 
 void frmMain::UnloadTitle()
 {
-    if (title_)
-        title_->close(); // deletes itself and sets TitleClosed
+    // Gone at once, not at the next turn of the event loop; its end sets TitleClosed.
+    delete title_.data();
 }
 
 void frmMain::SetTitleMsg1(const QString& text)
