@@ -272,7 +272,8 @@ int PackZip(QTemporaryFile& tmp, const QFileInfoList& files, ArcProgress* progre
     WritePtr w(archive_write_new());
     archive_write_set_format_zip(w.get());
     archive_write_set_bytes_in_last_block(w.get(), 1);
-    if (archive_write_set_options(w.get(), "zip:compression=deflate") != ARCHIVE_OK)
+    if (archive_write_set_options(w.get(), "zip:compression=deflate,zip:hdrcharset=CP932") !=
+        ARCHIVE_OK)
         return ArcErrWrite;
     if (archive_write_open_fd(w.get(), tmp.handle()) != ARCHIVE_OK)
         return ArcErrWrite;
@@ -284,8 +285,9 @@ int PackZip(QTemporaryFile& tmp, const QFileInfoList& files, ArcProgress* progre
             return ArcErrOpen;
         std::unique_ptr<archive_entry, void (*)(archive_entry*)> e(archive_entry_new(),
                                                                    archive_entry_free);
-        // Shift-JIS names without the UTF-8 flag, as the Japanese archivers read them.
-        archive_entry_copy_pathname(e.get(), ToSjis(fi.fileName()).constData());
+        // Shift-JIS names without the UTF-8 flag, as the Japanese archivers read them. Raw
+        // bytes would get the flag in a UTF-8 locale; the writer converts them instead.
+        archive_entry_update_pathname_utf8(e.get(), fi.fileName().toUtf8().constData());
         archive_entry_set_filetype(e.get(), AE_IFREG);
         archive_entry_set_perm(e.get(), 0644);
         archive_entry_set_size(e.get(), fi.size());
