@@ -108,7 +108,7 @@ private slots:
         ui->LoadList();
         QCOMPARE(titles(), QStringList({"ザナドゥ", "イース", "ハイドライド"}));
         QCOMPARE(ui->model()->key(1), QString("K%1").arg(25 + 2284));
-        QCOMPARE(yields, 4); // once with the total, once before each row
+        QCOMPARE(yields, 2); // with the total and at the last row; between them every 30 ms
         QCOMPARE(win->windowTitle(),
                  QStringLiteral("TORVANE　- Torvane for PC8801mk2SR on MS Windows - ( 3 Images )"));
         QCOMPARE(ui->statusPanel1()->text(), kNothingSelectedText);
@@ -124,8 +124,7 @@ private slots:
         delete ui;
         ui = new CatalogueUi(w, win);
         ui->LoadList();
-        QCOMPARE(seen,
-                 QStringList({"0|件 ／ 3 件", "1|件 ／ 3 件", "2|件 ／ 3 件", "3|件 ／ 3 件"}));
+        QCOMPARE(seen, QStringList({"0|件 ／ 3 件", "3|件 ／ 3 件"}));
     }
 
     void rememberedSelectionOnlyAtStartUp()
