@@ -315,6 +315,31 @@ private slots:
         QCOMPARE(tvtest::ReadBytes(AppDir + "/TORVANE.LFM"), bad);
     }
 
+    // The whole window with a selected row and its screenshot; written to TORVANE_SHOTS/
+    // when that variable names a directory.
+    void windowWithSelectedRow()
+    {
+        QImage shot(320, 200, QImage::Format_RGB32);
+        shot.fill(QColor(20, 40, 120));
+        QVERIFY(shot.save(SnapDir[0] + "/XANADU.png", "PNG"));
+        Cfg.ScrSearchRead = 1;
+        Cfg.ViewScrCom = 0;
+        ui->FamilyChanged(0);
+        ui->mnuViewScrCom_Click();
+        win->resize(1100, 700);
+        win->show();
+        QVERIFY(QTest::qWaitForWindowExposed(win));
+        select(0);
+        QCoreApplication::processEvents();
+        const QPixmap pm = win->grab();
+        QVERIFY(!pm.isNull());
+        QVERIFY(w.fraScrCom->isVisible());
+        QCOMPARE(ui->shownPicturePath(), SnapDir[0] + "/XANADU.png");
+        const QString dir = qEnvironmentVariable("TORVANE_SHOTS");
+        if (!dir.isEmpty())
+            QVERIFY(pm.save(dir + "/catalogue_main.png"));
+    }
+
     void freeColumnNamesAndColumnReset()
     {
         Cfg.FreeColName1 = "機種      ";
