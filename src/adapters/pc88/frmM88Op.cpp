@@ -1,5 +1,6 @@
 #include "adapters/pc88/frmM88Op.h"
 
+#include "adapters/pc88/M88Modules.h"
 #include "data/Cfg.h"
 
 #include <QButtonGroup>
@@ -525,11 +526,9 @@ void frmM88Op::BuildMode()
     grid->addWidget(GroupBox(QStringLiteral("拡張 RAM"), eram), 0, 1);
 
     auto* modules = new QGridLayout;
-    const char* const captions[] = {"diskdrv88+80", "cdif",   "JS",      "lpt_sample",
-                                    "PcgSound",     "sndlog", "SeekSnd", "FM98"};
     for (int k = 0; k < 8; ++k)
-        modules->addWidget(Check(QStringLiteral("chkM88_5Op"), k, QString::fromLatin1(captions[k]),
-                                 Elem(Op.M88_5Op, k)),
+        modules->addWidget(Check(QStringLiteral("chkM88_5Op"), k,
+                                 QString::fromLatin1(M88ModuleCaptions[k]), Elem(Op.M88_5Op, k)),
                            k / 2, k % 2);
     grid->addWidget(GroupBox(QStringLiteral("拡張モジュール"), modules), 1, 1);
     grid->setRowStretch(2, 1);
