@@ -28,6 +28,13 @@ struct M88Command {
 // block's "use RND4M88" (M88_1Op[23]).
 uint8_t WriteGeneratedM88Ini(const EmuOpt88& block);
 
+// The road with "既存INI使用" on regenerates nothing (AltFlag stays 0) and corrects three keys of
+// section "M88p2 for Windows" of M88's "M88.INI" through the profile interface: "Flags" as
+// CorrectM88Flags says (read with "" as default), "BIOSPath" = M88PathForm of M88's directory,
+// "Directory" = M88PathForm(WorkDir). NOT YET WIRED: the profile functions (SetIniValue,
+// GetIniValue) are not in the tree yet; the launch frame must do these writes until a
+// function here does them.
+//
 // The correction of "Flags" on the road with "既存INI使用" on: the text to write, or nothing
 // when the value stays. Longer than 10 characters or not a number: "3". Otherwise, when bit 1
 // ("終了時のディレクトリを記憶", which the launch depends on) is clear, the number plus 2.
