@@ -1,7 +1,6 @@
 // The atomic copy-over and the rename under the file operations.
 #include "platform/FileOps.h"
 #include "support/GuardedDirs.h"
-#include "support/QStringPrinter.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -2,7 +2,6 @@
 #include "platform/FileOps.h"
 #include "platform/Platform.h"
 #include "support/GuardedDirs.h"
-#include "support/QStringPrinter.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -2,7 +2,6 @@
 #include "shell/Sjis.h"
 #include "shell/SubFunction.h"
 
-#include "support/QStringPrinter.h"
 #include <QStringList>
 
 #include <gtest/gtest.h>
