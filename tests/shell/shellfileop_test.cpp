@@ -375,7 +375,7 @@ TEST_F(ShellOpTest, CopyOntoItselfKeepsTheFileAndMoveOntoItselfFails)
 TEST_F(ShellOpTest, MoveToAnotherFileSystemCopiesAndRemoves)
 {
     QTemporaryDir other(QStringLiteral("/dev/shm/torvane-test-XXXXXX"));
-    if (!other.isValid() || QFileInfo(other.path()).absolutePath() == QFileInfo(a).absolutePath())
+    if (!other.isValid())
         GTEST_SKIP() << "no second file system at /dev/shm";
     WriteFile(a + "/game.d88", "g");
     WriteFile(a + "/T/x/y.sta", "y");
