@@ -99,26 +99,45 @@ QString InstanceLockPath(const QString& executablePath, const QString& lockDirec
            QStringLiteral(".lock");
 }
 
-std::unique_ptr<InstanceLock> AcquireInstanceLock(const QString& executablePath,
-                                                  const QString& lockDirectory)
+namespace {
+// Opens the lock file (made when missing) and takes the lock; -1 with errno set on failure.
+int OpenAndLock(const QString& lockPath)
 {
-    const QByteArray path = QFile::encodeName(InstanceLockPath(executablePath, lockDirectory));
+    const QByteArray path = QFile::encodeName(lockPath);
     // O_CLOEXEC: an emulator started by us must not keep our lock alive after we are gone.
     int fd = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     if (fd < 0) {
         // Another user's lock file in a sticky directory can still be locked read-only.
         fd = ::open(path.constData(), O_RDONLY | O_CLOEXEC);
         if (fd < 0)
-            return nullptr;
+            return -1;
     }
     int rc;
     do {
         rc = ::flock(fd, LOCK_EX | LOCK_NB);
     } while (rc != 0 && errno == EINTR);
     if (rc != 0) {
+        const int err = errno;
         ::close(fd);
-        return nullptr;
+        errno = err;
+        return -1;
     }
+    return fd;
+}
+} // namespace
+
+std::unique_ptr<InstanceLock> AcquireInstanceLock(const QString& executablePath,
+                                                  const QString& lockDirectory)
+{
+    int fd = OpenAndLock(InstanceLockPath(executablePath, lockDirectory));
+    if (fd < 0 && errno != EWOULDBLOCK && lockDirectory.isEmpty()) {
+        // No usable /tmp: the lock goes beside the executable, where every copy started
+        // from there finds it as well.
+        const QString beside = QFileInfo(ResolvedExecutable(executablePath)).absolutePath();
+        fd = OpenAndLock(InstanceLockPath(executablePath, beside));
+    }
+    if (fd < 0)
+        return nullptr;
     return std::make_unique<FlockInstanceLock>(fd);
 }
 

@@ -29,7 +29,8 @@ public:
     virtual ~InstanceLock() = default;
 };
 // Lock file in `lockDirectory`, or when that is empty in the system's temporary directory
-// ("/tmp", the same for every start whatever TMP or TMPDIR say).
+// ("/tmp", the same for every start whatever TMP or TMPDIR say), and when no lock file can be
+// made there, beside the executable.
 std::unique_ptr<InstanceLock> AcquireInstanceLock(const QString& executablePath,
                                                   const QString& lockDirectory = QString());
 // The lock file used for `executablePath`: "torvane-" + a hash of the absolute, resolved
