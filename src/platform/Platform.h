@@ -23,7 +23,7 @@ QString PlatformSystemDir();
 // the returned object keeps the lock; null when another instance holds it (or the lock file
 // can't be opened at all). The lock is an advisory whole-file lock, which the system drops
 // with the process, so a crashed run never leaves a stale lock behind; it is not inherited
-// by started programs.
+// by started programs. Releasing it removes the lock file.
 class InstanceLock {
 public:
     virtual ~InstanceLock() = default;

@@ -205,6 +205,34 @@ TEST_F(InstanceLockTest, LockFileNameAndDefaultPlace)
     EXPECT_TRUE(QFileInfo::exists(path));
 }
 
+TEST_F(InstanceLockTest, ReleaseRemovesTheLockFile)
+{
+    auto lock = AcquireInstanceLock(exe, locks);
+    ASSERT_TRUE(lock);
+    EXPECT_TRUE(QFileInfo::exists(InstanceLockPath(exe, locks)));
+    lock.reset();
+    EXPECT_FALSE(QFileInfo::exists(InstanceLockPath(exe, locks)));
+    EXPECT_TRUE(QDir(locks).isEmpty());
+}
+
+TEST_F(InstanceLockTest, LeftoverLockFileIsNoLock)
+{
+    // A crashed run leaves its file behind, but no lock on it.
+    tvtest::WriteFile(InstanceLockPath(exe, locks), "");
+    auto lock = AcquireInstanceLock(exe, locks);
+    EXPECT_TRUE(lock);
+    EXPECT_FALSE(AcquireInstanceLock(exe, locks));
+}
+
+TEST_F(InstanceLockTest, ManyAcquireReleaseRoundsStayExclusive)
+{
+    for (int i = 0; i < 50; ++i) {
+        auto lock = AcquireInstanceLock(exe, locks);
+        ASSERT_TRUE(lock) << i;
+        ASSERT_FALSE(AcquireInstanceLock(exe, locks)) << i;
+    }
+}
+
 TEST_F(InstanceLockTest, MissingLockDirectoryGivesNoLock)
 {
     EXPECT_FALSE(AcquireInstanceLock(exe, dir.path() + QStringLiteral("/no/such/dir")));
@@ -238,8 +266,9 @@ TEST_F(InstanceLockTest, KilledHolderLeavesNoStaleLock)
     EXPECT_FALSE(AcquireInstanceLock(exe, locks));
     holder->kill(); // as a crash would end it
     holder->waitForFinished(5000);
-    EXPECT_TRUE(AcquireInstanceLock(exe, locks));
-    EXPECT_TRUE(QFileInfo::exists(InstanceLockPath(exe, locks)));
+    EXPECT_TRUE(QFileInfo::exists(InstanceLockPath(exe, locks))); // left behind, unlocked
+    auto lock = AcquireInstanceLock(exe, locks);
+    EXPECT_TRUE(lock);
 }
 
 TEST(SleepMs, WaitsAtLeastTheTime)
