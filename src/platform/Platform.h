@@ -6,10 +6,12 @@
 
 namespace tv {
 
-// "TMP" or "TEMP": the variable's value when it is set (even when it names no directory);
-// when it is unset, TMPDIR, else "/tmp".
+// "TMP" or "TEMP": the variable's value when it is set (even when it names no directory, or
+// is empty); when it is unset, TMPDIR (when set and not empty), else "/tmp".
 QString EnvTempValue(const char* name);
 
+// The running executable, absolute, symbolic links resolved.
+QString ProgramFile();
 // The directory of the running executable, symbolic links resolved.
 QString ProgramDir();
 
@@ -18,12 +20,21 @@ QString PlatformWindowsDir();
 QString PlatformSystemDir();
 
 // The previous-instance test: a lock keyed by the absolute path of the executable. Holding
-// the returned object keeps the lock; null when another instance holds it.
+// the returned object keeps the lock; null when another instance holds it (or the lock file
+// can't be opened at all). The lock is an advisory whole-file lock, which the system drops
+// with the process, so a crashed run never leaves a stale lock behind; it is not inherited
+// by started programs.
 class InstanceLock {
 public:
     virtual ~InstanceLock() = default;
 };
-std::unique_ptr<InstanceLock> AcquireInstanceLock(const QString& executablePath);
+// Lock file in `lockDirectory`, or when that is empty in the system's temporary directory
+// ("/tmp", the same for every start whatever TMP or TMPDIR say).
+std::unique_ptr<InstanceLock> AcquireInstanceLock(const QString& executablePath,
+                                                  const QString& lockDirectory = QString());
+// The lock file used for `executablePath`: "torvane-" + a hash of the absolute, resolved
+// path + ".lock".
+QString InstanceLockPath(const QString& executablePath, const QString& lockDirectory = QString());
 
 void SleepMs(int ms);
 // Serves pending events of the event loop (the yield of the start-up and the launch waits).

@@ -22,33 +22,56 @@ QString SplitFileExt(QString& path);
 QString GetFileExt(const QString& path);  // upper-cased; "" with no "."
 QString GetFileBase(const QString& path); // between the last separator and the last "."
 QString GetFileDir(const QString& path);  // before the last separator; "" with none
+// The path itself when it exists and its file name already is a valid 8.3 name (at most 8 and
+// 3 Shift-JIS bytes, one point at most, no blanks or "+,;=[]"), else "". A path longer than
+// 255 bytes gives "" as the fixed buffer of the platform call does.
 QString GetShortPath(const QString& path);
 QString CutAtNull(const QString& text);
+// The system and configuration trees ("/usr", "/etc" on POSIX), trailing separators removed.
 QString GetSystemDir();
 QString GetWindowsDir();
 
 inline constexpr int kAttrDirectory = 16;
 // The name found for `path` (wildcards allowed), or "" on no match or any error. Plain files
-// only, unless `attribute` is 16, which lets directories match too.
+// only, unless `attribute` is 16, which lets directories match too. The path is native and
+// taken as it is (not trimmed). "*" and "?" in the last component match case-insensitively
+// (hidden names too) and give the first match by name, in its real spelling; a name without
+// wildcards is looked up as it is. "dir/" gives "." with attribute 16, else the first plain
+// file in dir.
 QString FindFile(const QString& path, int attribute = 0);
 
-// kind: 0 no existence test, 1 file or directory, 2 file only, 3 directory only.
+// The path guard. kind: 0 no existence test, 1 file or directory, 2 file only, 3 directory
+// only; network 1 allows paths that begin with "\\" (or "//"). The path is refused when its
+// upper-cased text contains the upper-cased EnvTmpDir, SystemDir, WindowsDir or EnvTempDir
+// (unless it is PeekDir itself). An empty one of these is contained in every text, so with
+// the directories not yet set every path is refused: set all four first.
 bool IsSafeDir(const QString& path, uint8_t kind, uint8_t network);
 
-// operation: 1 move, 2 copy, 3 delete. confirm 1 asks the user, else silent. Copies over an
-// existing file go through a temporary name and an atomic rename.
+// operation: 1 move, 2 copy, 3 delete, of a file, a directory tree, or the matches of a
+// pattern in the last component. A single source into an existing directory goes inside it,
+// otherwise it takes the target's name (missing parent directories are made); the matches of
+// a pattern go into the target as a directory. Copies over an existing file go through a
+// temporary name and an atomic rename. confirm 1 asks the user first (yes/no, "No" as
+// default), else silent. Guards: IsSafeDir of both paths and the 7-character stop.
 bool ShellFileOp(const QString& source, const QString& target, int operation, uint8_t confirm);
+// ShellFileOp, then verification: the path is gone / the source gone and the target there /
+// both there.
 bool ShellDelete(const QString& path, uint8_t confirm);
 bool ShellMove(const QString& source, const QString& target, uint8_t confirm);
 bool ShellCopy(const QString& source, const QString& target, uint8_t confirm);
 
+// Breaks lines longer than lineWidth Shift-JIS bytes (lines end in CR LF), keeps lineCount
+// lines and cuts to byteLimit bytes; never leaves half a double-byte character or half a
+// CR LF. A negative width acts as 0.
 QString FitText(const QString& text, int lineWidth, int lineCount, int byteLimit);
 
 // 20 rows by 6 columns: 0 PC-88 images, 1 FM-7 images, 2 X1 images, 3 archives, 4 pictures,
 // 5 manuals; extensions in upper case without point, then the filter row, then empty rows.
 inline std::array<std::array<QString, 6>, 20> ExtTable;
+// Fills ExtTable and sets HelpFile beside the program (AppDir must be set).
 void InitTables();
-bool IsImageExt(const QString& ext); // in the column of the current family (HardWare)
+// In the column of the current family (HardWare); false while no family is chosen (255).
+bool IsImageExt(const QString& ext);
 bool IsArcExt(const QString& ext);
 bool IsManualExt(const QString& ext);
 
