@@ -193,9 +193,9 @@ QByteArray DirectoryBytes(int sector, QRandomGenerator& rng)
     return b;
 }
 
-QByteArray MakeD88(const QByteArray& name, const QList<Fill>& plan, quint32 seed)
+QByteArray MakeD88(const QByteArray& name, const QList<Fill>& plan, quint32 rngSeed)
 {
-    QRandomGenerator rng(seed);
+    QRandomGenerator rng(rngSeed);
     QByteArray history;
     QByteArray d(kHeaderSize, '\0');
     d.replace(0, name.size(), name);
