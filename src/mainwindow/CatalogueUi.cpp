@@ -14,6 +14,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -264,19 +265,44 @@ void CatalogueUi::buildPopup()
         }
     }
     w_.lstD88->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(w_.lstD88, &QWidget::customContextMenuRequested, this, [this](const QPoint& p) {
-        // ShowPopup: nothing to show for an empty catalogue.
-        if (LstObj.GetLstMaxCnt() < 1) {
-            popActions_[QStringLiteral("mnuPopSort")]->setEnabled(false);
-            return;
+    connect(w_.lstD88, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& p) { ShowPopup(w_.lstD88->viewport()->mapToGlobal(p)); });
+    // Space on the list opens the same menu, below the current row.
+    w_.lstD88->installEventFilter(this);
+}
+
+void CatalogueUi::ShowPopup(const QPoint& globalPos)
+{
+    // Nothing to show for an empty catalogue.
+    if (LstObj.GetLstMaxCnt() < 1) {
+        popActions_[QStringLiteral("mnuPopSort")]->setEnabled(false);
+        return;
+    }
+    popActions_[QStringLiteral("mnuPopSort")]->setEnabled(true);
+    if (selectedRow() >= 0)
+        ShowItemDetail();
+    else
+        ClearItemDetail();
+    mnuPop_->popup(globalPos);
+}
+
+bool CatalogueUi::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == w_.lstD88 && event->type() == QEvent::KeyPress) {
+        auto* k = static_cast<QKeyEvent*>(event);
+        if (k->key() == Qt::Key_Space && k->modifiers() == Qt::NoModifier) {
+            QPoint at(0, 0);
+            const int r = selectedRow();
+            if (r >= 0) {
+                const QRect rect = w_.lstD88->visualRect(model_->index(r, 0));
+                if (rect.isValid())
+                    at = rect.bottomLeft();
+            }
+            ShowPopup(w_.lstD88->viewport()->mapToGlobal(at));
+            return true;
         }
-        popActions_[QStringLiteral("mnuPopSort")]->setEnabled(true);
-        if (selectedRow() >= 0)
-            ShowItemDetail();
-        else
-            ClearItemDetail();
-        mnuPop_->popup(w_.lstD88->viewport()->mapToGlobal(p));
-    });
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void CatalogueUi::connectMenus()
@@ -342,8 +368,6 @@ void CatalogueUi::FamilyChanged(int family)
         if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(i)))
             a->setText(caption);
     }
-    // The footer shows what ClearItemDetail decided for the new family.
-    ClearItemDetail();
 }
 
 void CatalogueUi::setStatus(const QString& text)

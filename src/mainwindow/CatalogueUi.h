@@ -97,6 +97,8 @@ public:
     void munViewColumnClear_Click();
     void ShowItemDetail();
     void ClearItemDetail();
+    // The popup menu mnuPop at a point of the screen (right button, menu key, Space).
+    void ShowPopup(const QPoint& globalPos);
     void lblP88Save_Click();
     void lblP88SaveData_Click(int index);
     // Key of the selected row, "" with none.
@@ -105,6 +107,9 @@ public:
     void selectRow(int row);
 
     static QColor labelColour(const QLabel* l);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
     // A launch button or its menu entry: the launch takes it from here.

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMainWindow>
+#include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
@@ -147,7 +148,8 @@ private slots:
         QFile::remove(AppDir + "/TORVANE.CFG");
         ui->lstD88_ColumnClick(3); // Maker ascending: key 6
         QCOMPARE(int(Cfg.SortKey), 6);
-        QCOMPARE(titles(), QStringList({"ザルバード", "イルマータ", "ハルモニカ"})); // Fanrock = fanrock
+        QCOMPARE(titles(),
+                 QStringList({"ザルバード", "イルマータ", "ハルモニカ"})); // Fanrock = fanrock
         QVERIFY(w.menu("mnuViewSortMakerRun(6)")->isChecked());
         QVERIFY(ui->mnuPop("mnuPopSortMakerRun(6)")->isChecked());
         QVERIFY(QFile::exists(AppDir + "/TORVANE.CFG"));
@@ -195,8 +197,7 @@ private slots:
         QVERIFY(w.menu("mnuEmuRunEach(4)")->isEnabled());
         QVERIFY(ui->mnuPop("mnuPopEmuRunEach(4)")->isEnabled());
         QVERIFY(!ui->cmdManFile(0)->isEnabled());
-        QCOMPARE(ui->statusPanel1()->text(),
-                 QStringLiteral("ハルモニカ選択中．．  (HARMONI.CMT)"));
+        QCOMPARE(ui->statusPanel1()->text(), QStringLiteral("ハルモニカ選択中．．  (HARMONI.CMT)"));
         QCOMPARE(ui->shownPicture(), NoImagePicture);
         select(0); // XALBARD.D88 with a manual
         QVERIFY(ui->cmdEmuRun(1)->isEnabled());
@@ -338,6 +339,29 @@ private slots:
         const QString dir = qEnvironmentVariable("TORVANE_SHOTS");
         if (!dir.isEmpty())
             QVERIFY(pm.save(dir + "/catalogue_main.png"));
+    }
+
+    void spaceOnTheListOpensThePopup()
+    {
+        ui->LoadList();
+        win->show();
+        QVERIFY(QTest::qWaitForWindowExposed(win));
+        w.lstD88->setFocus();
+        select(1);
+        QTest::keyClick(w.lstD88, Qt::Key_Space);
+        QVERIFY(ui->popupMenu()->isVisible());
+        QVERIFY(ui->mnuPop("mnuPopSort")->isEnabled());
+        QCOMPARE(ui->SelectedKey(), QString("K%1").arg(25 + 2284)); // the row stays selected
+        QVERIFY(w.txtSyosai->toPlainText().startsWith("[Title] イルマータ"));
+        ui->popupMenu()->hide();
+
+        // An empty catalogue has no menu to show.
+        QVERIFY(tvtest::WriteBytes(AppDir + "/TORVANE.LST", tvtest::LstHeaderBytes(0)));
+        ui->LoadList();
+        w.lstD88->setFocus();
+        QTest::keyClick(w.lstD88, Qt::Key_Space);
+        QVERIFY(!ui->popupMenu()->isVisible());
+        QVERIFY(!ui->mnuPop("mnuPopSort")->isEnabled());
     }
 
     void freeColumnNamesAndColumnReset()
