@@ -146,8 +146,13 @@ void CatalogueUi::buildFooters()
         lay->addWidget(def);
         auto* pat = new QCheckBox(QStringLiteral("Use PAR"), f);
         pat->setObjectName(QStringLiteral("chkPatUse(%1)").arg(fam));
-        connect(pat, &QCheckBox::clicked, this, [pat] {
+        connect(pat, &QCheckBox::clicked, this, [this, pat] {
             Cfg.PatUse = pat->isChecked() ? 1 : 0;
+            // PAT and PAN exclude one another: setting one clears the other.
+            if (Cfg.PatUse == 1 && chkPanUse_) {
+                Cfg.PanUse = 0;
+                chkPanUse_->setChecked(false);
+            }
             SaveCfg();
         });
         chkPatUse_[size_t(fam)] = pat;
@@ -157,6 +162,12 @@ void CatalogueUi::buildFooters()
             chkPanUse_->setObjectName(QStringLiteral("chkPanUse"));
             connect(chkPanUse_, &QCheckBox::clicked, this, [this] {
                 Cfg.PanUse = chkPanUse_->isChecked() ? 1 : 0;
+                if (Cfg.PanUse == 1) {
+                    Cfg.PatUse = 0;
+                    for (QCheckBox* c : chkPatUse_)
+                        if (c)
+                            c->setChecked(false);
+                }
                 SaveCfg();
             });
             lay->addWidget(chkPanUse_);

@@ -278,6 +278,21 @@ private slots:
         ui->chkPanUse()->click();
         QVERIFY(ReadCfg(saved));
         QCOMPARE(int(saved.PanUse), 1);
+        // The two exclude one another: setting one clears the other.
+        QCOMPARE(int(saved.PatUse), 0);
+        QVERIFY(!ui->chkPatUse(0)->isChecked());
+        ui->chkPatUse(0)->click();
+        QVERIFY(ReadCfg(saved));
+        QCOMPARE(int(saved.PatUse), 1);
+        QCOMPARE(int(saved.PanUse), 0);
+        QVERIFY(!ui->chkPanUse()->isChecked());
+        ui->chkPatUse(0)->click(); // clearing one leaves the other as it is
+        QVERIFY(ReadCfg(saved));
+        QCOMPARE(int(saved.PatUse), 0);
+        QCOMPARE(int(saved.PanUse), 0);
+        ui->chkPanUse()->click();
+        QVERIFY(ReadCfg(saved));
+        QCOMPARE(int(saved.PanUse), 1);
         ui->chkDefOpt(0)->click();
         QVERIFY(ReadCfg(saved));
         QCOMPARE(int(saved.DefOpt), 0);
