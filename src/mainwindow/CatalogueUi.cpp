@@ -664,10 +664,11 @@ void CatalogueUi::showPicture(const QImage& img)
 
 void CatalogueUi::setLabelColour(QLabel* l, const QColor& c)
 {
+    // Enabled labels only: a disabled one keeps the style's grey, so that the slots without a
+    // save state stand apart from those with one.
     QPalette p = l->palette();
-    p.setColor(QPalette::WindowText, c);
-    p.setColor(QPalette::Disabled, QPalette::WindowText,
-               c == kRed ? c : p.color(QPalette::Disabled, QPalette::WindowText));
+    p.setColor(QPalette::Active, QPalette::WindowText, c);
+    p.setColor(QPalette::Inactive, QPalette::WindowText, c);
     l->setPalette(p);
 }
 

@@ -249,6 +249,13 @@ private slots:
         QVERIFY(ui->lblP88SaveData(2)->isEnabled());
         QVERIFY(ui->lblP88SaveData(5)->isEnabled());
         QVERIFY(!ui->lblP88SaveData(3)->isEnabled());
+        // A slot without a state is drawn in another colour than one with a state.
+        const auto drawn = [](const QLabel* l) {
+            return l->palette().color(l->isEnabled() ? QPalette::Active : QPalette::Disabled,
+                                      QPalette::WindowText);
+        };
+        QVERIFY(drawn(ui->lblP88SaveData(3)) != drawn(ui->lblP88SaveData(2)));
+        QVERIFY(drawn(ui->lblM88SaveData(3)) != drawn(ui->lblP88SaveData(2)));
         QTest::mouseClick(ui->lblP88SaveData(5), Qt::LeftButton);
         QCOMPARE(CatalogueUi::labelColour(ui->lblP88SaveData(5)), QColor(255, 0, 0));
         QCOMPARE(CatalogueUi::labelColour(ui->lblP88Save()), QColor(0, 0, 0));
@@ -258,6 +265,7 @@ private slots:
         QTest::mouseClick(ui->lblP88Save(), Qt::LeftButton);
         QCOMPARE(CatalogueUi::labelColour(ui->lblP88Save()), QColor(255, 0, 0));
         QCOMPARE(CatalogueUi::labelColour(ui->lblP88SaveData(2)), QColor(0, 0, 0));
+        QVERIFY(drawn(ui->lblP88SaveData(3)) != drawn(ui->lblP88SaveData(2)));
         select(1); // YULA has none
         QVERIFY(!ui->lblP88SaveData(2)->isEnabled());
         QVERIFY(!ui->lblP88Save()->isVisibleTo(win));
