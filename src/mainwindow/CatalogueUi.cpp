@@ -1,0 +1,869 @@
+#include "mainwindow/CatalogueUi.h"
+
+#include "data/Cfg.h"
+#include "data/ItemDetail.h"
+#include "data/clsLst.h"
+#include "platform/MsgBox.h"
+#include "shell/Globals.h"
+#include "shell/SubFunction.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QFrame>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QMainWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QScreen>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTextEdit>
+#include <QVBoxLayout>
+
+namespace tv {
+
+namespace {
+
+const QColor kRed(255, 0, 0);
+const QColor kBlack(0, 0, 0);
+
+double twipsPerPixel(const QWidget* w)
+{
+    const QScreen* s = w && w->screen() ? w->screen() : QGuiApplication::primaryScreen();
+    const double dpi = s ? s->logicalDotsPerInchX() : 96.0;
+    return dpi > 0 ? 1440.0 / dpi : 15.0;
+}
+
+// Sort menu families by their ascending key.
+const char* const kSortMenus[] = {"SortRegistRun", "SortTitleRun", "SortGenreRun", "SortMakerRun",
+                                  "SortCol1Run",   "SortCol2Run",  "SortSaleRun"};
+
+QString sortEntryName(const char* prefix, int key)
+{
+    return QString::fromLatin1(prefix) + QString::fromLatin1(kSortMenus[key / 2]) +
+           QStringLiteral("(%1)").arg(key);
+}
+
+} // namespace
+
+void ClickLabel::mousePressEvent(QMouseEvent* e)
+{
+    QLabel::mousePressEvent(e);
+    if (e->button() == Qt::LeftButton && isEnabled())
+        emit clicked();
+}
+
+CatalogueUi::CatalogueUi(const CatalogueWidgets& w, QObject* parent) : QObject(parent), w_(w)
+{
+    model_ = new TitleListModel(this);
+    QTableView* v = w_.lstD88;
+    v->setModel(model_);
+    v->setSelectionBehavior(QAbstractItemView::SelectRows);
+    v->setSelectionMode(QAbstractItemView::SingleSelection);
+    v->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    v->setSortingEnabled(false); // sorted once per click, by the sort keys
+    v->setWordWrap(false);
+    v->setIconSize(QSize(16, 16));
+    // Fixed row heights keep a list of tens of thousands of rows fast.
+    v->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    v->verticalHeader()->setDefaultSectionSize(v->fontMetrics().height() + 4);
+    v->verticalHeader()->hide();
+    v->horizontalHeader()->setSectionsClickable(true);
+    v->horizontalHeader()->setHighlightSections(false);
+    connect(v->horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [this](int section) { lstD88_ColumnClick(section + 1); });
+    connect(v, &QTableView::clicked, this, [this] { ShowItemDetail(); });
+    connect(v->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& cur) {
+                if (cur.isValid() && !sortReentry_)
+                    ShowItemDetail();
+            });
+
+    if (w_.statusBar) {
+        stbPanel1_ = new QLabel(kNothingSelectedText, w_.statusBar);
+        stbPanel1_->setObjectName(QStringLiteral("stbPanel1"));
+        w_.statusBar->insertPermanentWidget(0, stbPanel1_, 1);
+    }
+    buildFooters();
+    buildSaveLabels();
+    buildPopup();
+    connectMenus();
+}
+
+QAction* CatalogueUi::mnuPop(const QString& name) const
+{
+    auto it = popActions_.find(name);
+    return it == popActions_.end() ? nullptr : it->second;
+}
+
+QPushButton* CatalogueUi::cmdEmuRun(int emuCode) const
+{
+    auto it = cmdEmuRun_.find(emuCode);
+    return it == cmdEmuRun_.end() ? nullptr : it->second;
+}
+
+void CatalogueUi::buildFooters()
+{
+    for (int fam = 0; fam < 3; ++fam) {
+        QFrame* f = w_.fraFotter[size_t(fam)];
+        if (!f)
+            continue;
+        auto* lay = qobject_cast<QHBoxLayout*>(f->layout());
+        if (!lay) {
+            delete f->layout();
+            lay = new QHBoxLayout(f);
+        }
+        lay->setContentsMargins(4, 2, 4, 2);
+        lay->setSpacing(4);
+        // Six buttons in every frame; the families with fewer emulators show "-----".
+        for (int i = 1; i <= 6; ++i) {
+            const int code = fam * 10 + i;
+            auto* b = new QPushButton(EmuRunCaption(fam, i), f);
+            b->setObjectName(QStringLiteral("cmdEmuRun(%1)").arg(code));
+            b->setEnabled(false);
+            b->setMinimumWidth(84);
+            if (FamilyOfEmuCode(code) == fam)
+                connect(b, &QPushButton::clicked, this,
+                        [this, code] { emit emuRunRequested(code); });
+            cmdEmuRun_[code] = b;
+            lay->addWidget(b);
+        }
+        lay->addSpacing(8);
+        auto* def = new QCheckBox(QStringLiteral("Def Opt"), f);
+        def->setObjectName(QStringLiteral("chkDefOpt(%1)").arg(fam));
+        connect(def, &QCheckBox::clicked, this, [def] {
+            Cfg.DefOpt = def->isChecked() ? 1 : 0;
+            SaveCfg();
+        });
+        chkDefOpt_[size_t(fam)] = def;
+        lay->addWidget(def);
+        auto* pat = new QCheckBox(QStringLiteral("Use PAR"), f);
+        pat->setObjectName(QStringLiteral("chkPatUse(%1)").arg(fam));
+        connect(pat, &QCheckBox::clicked, this, [pat] {
+            Cfg.PatUse = pat->isChecked() ? 1 : 0;
+            SaveCfg();
+        });
+        chkPatUse_[size_t(fam)] = pat;
+        lay->addWidget(pat);
+        if (fam == 0) {
+            chkPanUse_ = new QCheckBox(QStringLiteral("Use PAN"), f);
+            chkPanUse_->setObjectName(QStringLiteral("chkPanUse"));
+            connect(chkPanUse_, &QCheckBox::clicked, this, [this] {
+                Cfg.PanUse = chkPanUse_->isChecked() ? 1 : 0;
+                SaveCfg();
+            });
+            lay->addWidget(chkPanUse_);
+        }
+        lay->addStretch(1);
+        auto* man = new QPushButton(QStringLiteral("Manual(&N)"), f);
+        man->setObjectName(QStringLiteral("cmdManFile(%1)").arg(fam));
+        man->setEnabled(false);
+        connect(man, &QPushButton::clicked, this, [this, fam] { emit manFileRequested(fam); });
+        cmdManFile_[size_t(fam)] = man;
+        lay->addWidget(man);
+        auto* none = new QPushButton(QStringLiteral("No Select"), f);
+        none->setObjectName(QStringLiteral("cmdNoSelect(%1)").arg(fam));
+        connect(none, &QPushButton::clicked, this, [this] {
+            sortReentry_ = true;
+            w_.lstD88->clearSelection();
+            w_.lstD88->setCurrentIndex(QModelIndex());
+            sortReentry_ = false;
+            ClearItemDetail();
+        });
+        cmdNoSelect_[size_t(fam)] = none;
+        lay->addWidget(none);
+    }
+}
+
+void CatalogueUi::buildSaveLabels()
+{
+    if (!w_.fraScrCom)
+        return;
+    auto* box = new QWidget(w_.fraScrCom);
+    box->setObjectName(QStringLiteral("fraSaveData"));
+    auto* grid = new QGridLayout(box);
+    grid->setContentsMargins(0, 0, 0, 0);
+    grid->setHorizontalSpacing(6);
+    lblP88Save_ = new ClickLabel(QStringLiteral("P88SR SV"), box);
+    lblP88Save_->setObjectName(QStringLiteral("lblP88Save"));
+    connect(lblP88Save_, &ClickLabel::clicked, this, [this] { lblP88Save_Click(); });
+    lblM88Save_ = new QLabel(QStringLiteral("M88 S88"), box);
+    lblM88Save_->setObjectName(QStringLiteral("lblM88Save"));
+    grid->addWidget(lblP88Save_, 0, 0);
+    grid->addWidget(lblM88Save_, 1, 0);
+    for (int i = 0; i < 10; ++i) {
+        auto* p = new ClickLabel(QString::number(i), box);
+        p->setObjectName(QStringLiteral("lblP88SaveData(%1)").arg(i));
+        p->setEnabled(false);
+        connect(p, &ClickLabel::clicked, this, [this, i] { lblP88SaveData_Click(i); });
+        lblP88SaveData_[size_t(i)] = p;
+        grid->addWidget(p, 0, i + 1);
+        auto* m = new QLabel(QString::number(i), box);
+        m->setObjectName(QStringLiteral("lblM88SaveData(%1)").arg(i));
+        m->setEnabled(false);
+        lblM88SaveData_[size_t(i)] = m;
+        grid->addWidget(m, 1, i + 1);
+    }
+    grid->setColumnStretch(11, 1);
+    lblP88Save_->setVisible(false);
+    lblM88Save_->setVisible(false);
+    if (auto* lay = qobject_cast<QBoxLayout*>(w_.fraScrCom->layout()))
+        lay->addWidget(box);
+}
+
+void CatalogueUi::buildPopup()
+{
+    mnuPop_ = new QMenu(w_.lstD88);
+    mnuPop_->setObjectName(QStringLiteral("mnuPop"));
+    QMenu* run = mnuPop_->addMenu(QStringLiteral("起動(&R)"));
+    run->setObjectName(QStringLiteral("mnuPopEmuRun"));
+    popActions_[QStringLiteral("mnuPopEmuRun")] = run->menuAction();
+    for (int i = 1; i <= 9; ++i) {
+        QAction* a = run->addAction(QStringLiteral("-----"));
+        const QString name = QStringLiteral("mnuPopEmuRunEach(%1)").arg(i);
+        a->setObjectName(name);
+        a->setEnabled(false);
+        connect(a, &QAction::triggered, this,
+                [this, i] { emit emuRunRequested(i + 10 * HardWare); });
+        popActions_[name] = a;
+    }
+    run->addSeparator();
+    QAction* man = run->addAction(QStringLiteral("マニュアル(&N)"));
+    man->setObjectName(QStringLiteral("mnuPopEmuRunMan"));
+    man->setEnabled(false);
+    connect(man, &QAction::triggered, this, [this] {
+        if (HardWare <= 2 && cmdManFile_[HardWare] && cmdManFile_[HardWare]->isEnabled())
+            cmdManFile_[HardWare]->click();
+    });
+    popActions_[QStringLiteral("mnuPopEmuRunMan")] = man;
+
+    QMenu* sort = mnuPop_->addMenu(QStringLiteral("並べ替え(&S)"));
+    sort->setObjectName(QStringLiteral("mnuPopSort"));
+    popActions_[QStringLiteral("mnuPopSort")] = sort->menuAction();
+    const char* captions[] = {"登録順(&R)",   "Title(&T)",    "Genre(&G)",    "Maker(&M)",
+                              "Column 1(&1)", "Column 2(&2)", "Sale Date(&S)"};
+    for (int k = 0; k < 7; ++k) {
+        QMenu* m = sort->addMenu(QString::fromUtf8(captions[k]));
+        const QString base = QStringLiteral("mnuPop") + QString::fromLatin1(kSortMenus[k]);
+        m->setObjectName(base.left(base.size() - 3)); // "mnuPopSortCol1" etc.
+        popActions_[m->objectName()] = m->menuAction();
+        for (int d = 0; d < 2; ++d) {
+            const int key = 2 * k + d;
+            QAction* a =
+                m->addAction(d == 0 ? QStringLiteral("昇順(&A)") : QStringLiteral("降順(&D)"));
+            a->setObjectName(sortEntryName("mnuPop", key));
+            a->setCheckable(true);
+            connect(a, &QAction::triggered, this, [this, key] { mnuViewSortRun_Click(key); });
+            popActions_[a->objectName()] = a;
+        }
+    }
+    w_.lstD88->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(w_.lstD88, &QWidget::customContextMenuRequested, this, [this](const QPoint& p) {
+        // ShowPopup: nothing to show for an empty catalogue.
+        if (LstObj.GetLstMaxCnt() < 1) {
+            popActions_[QStringLiteral("mnuPopSort")]->setEnabled(false);
+            return;
+        }
+        popActions_[QStringLiteral("mnuPopSort")]->setEnabled(true);
+        if (selectedRow() >= 0)
+            ShowItemDetail();
+        else
+            ClearItemDetail();
+        mnuPop_->popup(w_.lstD88->viewport()->mapToGlobal(p));
+    });
+}
+
+void CatalogueUi::connectMenus()
+{
+    if (!w_.menu)
+        return;
+    for (int key = 0; key <= kMaxSortKey; ++key)
+        if (QAction* a = w_.menu(sortEntryName("mnuView", key))) {
+            a->setCheckable(true);
+            a->setEnabled(true);
+            connect(a, &QAction::triggered, this, [this, key] { mnuViewSortRun_Click(key); });
+        }
+    if (QAction* a = w_.menu(QStringLiteral("mnuViewGrid"))) {
+        a->setCheckable(true);
+        a->setEnabled(true);
+        connect(a, &QAction::triggered, this, [this] { mnuViewGrid_Click(); });
+    }
+    if (QAction* a = w_.menu(QStringLiteral("mnuViewScrCom"))) {
+        a->setCheckable(true);
+        a->setEnabled(true);
+        connect(a, &QAction::triggered, this, [this] { mnuViewScrCom_Click(); });
+    }
+    if (QAction* a = w_.menu(QStringLiteral("munViewColumnClear"))) {
+        a->setEnabled(true);
+        connect(a, &QAction::triggered, this, [this] { munViewColumnClear_Click(); });
+    }
+    if (QAction* a = w_.menu(QStringLiteral("mnuEditNoSelect"))) {
+        a->setEnabled(true);
+        connect(a, &QAction::triggered, this, [this] {
+            if (HardWare <= 2)
+                cmdNoSelect_[HardWare]->click();
+        });
+    }
+    for (int i = 1; i <= 9; ++i)
+        if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(i)))
+            connect(a, &QAction::triggered, this,
+                    [this, i] { emit emuRunRequested(i + 10 * HardWare); });
+    if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunMan")))
+        connect(a, &QAction::triggered, this, [this] {
+            if (HardWare <= 2 && cmdManFile_[HardWare]->isEnabled())
+                cmdManFile_[HardWare]->click();
+        });
+}
+
+// --- Family and list --------------------------------------------------------------------
+
+void CatalogueUi::FamilyChanged(int family)
+{
+    ClearItemDetail();
+    LoadList();
+    for (int i = 0; i < 3; ++i)
+        if (w_.fraFotter[size_t(i)])
+            w_.fraFotter[size_t(i)]->setVisible(i == family);
+    if (family >= 0 && family <= 2) {
+        chkDefOpt_[size_t(family)]->setChecked(Cfg.DefOpt == 1);
+        chkPatUse_[size_t(family)]->setChecked(Cfg.PatUse == 1);
+    }
+    for (int i = 1; i <= 9; ++i) {
+        const QString caption = EmuRunCaption(family, i);
+        if (w_.menu)
+            if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(i)))
+                a->setText(caption);
+        if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(i)))
+            a->setText(caption);
+    }
+    // The footer shows what ClearItemDetail decided for the new family.
+    ClearItemDetail();
+}
+
+void CatalogueUi::setStatus(const QString& text)
+{
+    if (stbPanel1_)
+        stbPanel1_->setText(text);
+}
+
+void CatalogueUi::setCaption()
+{
+    if (w_.window)
+        w_.window->setWindowTitle(ListWindowCaption(LstObj.GetLstMaxCnt()));
+}
+
+void CatalogueUi::LoadList()
+{
+    sortReentry_ = true;
+    setStatus(kNothingSelectedText);
+    const bool splash = TitleClosed == 0;
+    auto yield = [this] {
+        if (w_.yield)
+            w_.yield();
+        else
+            QCoreApplication::processEvents();
+    };
+    w_.lstD88->setVisible(false);
+    const LoadListOutcome out = FillTitleList(*model_, HardWare, [&](int32_t count, int32_t total) {
+        if (splash && w_.splashCount)
+            w_.splashCount(QString::number(count), QStringLiteral("件 ／ ") +
+                                                       QString::number(total) +
+                                                       QStringLiteral(" 件"));
+        else
+            setStatus(ListCountText(count, total));
+        yield();
+    });
+    w_.lstD88->setVisible(true);
+    sortReentry_ = false;
+
+    if (out.status == LoadListStatus::BadFamily) {
+        MsgBox(QStringLiteral("Lstが不正です。起動できません\nご連絡下さい"), MbExclamation);
+        if (w_.startFail)
+            w_.startFail();
+        return;
+    }
+    if (out.status == LoadListStatus::BadVersion) {
+        MsgBox(QStringLiteral(
+                   "TORVANE.LSTのVersionが違います\nRECASTnn.EXEにてコンバートしてください"),
+               MbExclamation);
+        if (w_.startFail)
+            w_.startFail();
+        return;
+    }
+    if (out.status == LoadListStatus::Created) {
+        // A new, empty catalogue starts in file order.
+        ClearSortCheck();
+        Cfg.SortKey = 0;
+        SetSortCheck(0);
+    } else if (splash && out.notedRow >= 0 && model_->rowCount() > 0) {
+        selectRow(out.notedRow);
+        ShowItemDetail();
+    } else {
+        ClearItemDetail();
+    }
+    if (w_.menu)
+        if (QAction* a = w_.menu(QStringLiteral("mnuViewSort")))
+            a->setEnabled(true);
+    if (Cfg.SortKey == 0) {
+        SetSortCheck(0);
+    } else {
+        // Re-applied directly: key 1 is the reverse of the file order just loaded, with no
+        // second load.
+        const int key = Cfg.SortKey;
+        ClearSortCheck();
+        sortReentry_ = true;
+        if (key <= kMaxSortKey)
+            model_->applySortKey(key);
+        sortReentry_ = false;
+        SetSortCheck(key);
+    }
+    if (model_->rowCount() > 0 && selectedRow() >= 0)
+        w_.lstD88->scrollTo(model_->index(selectedRow(), 0), QAbstractItemView::EnsureVisible);
+    setCaption();
+}
+
+void CatalogueUi::ClearSortCheck()
+{
+    const int key = Cfg.SortKey;
+    if (w_.menu)
+        if (QAction* a = w_.menu(sortEntryName("mnuView", key)))
+            a->setChecked(false);
+    if (QAction* a = mnuPop(sortEntryName("mnuPop", key)))
+        a->setChecked(false);
+}
+
+void CatalogueUi::SetSortCheck(int key)
+{
+    // Exactly one entry of each menu carries the tick.
+    for (int k = 0; k <= kMaxSortKey; ++k) {
+        if (w_.menu)
+            if (QAction* a = w_.menu(sortEntryName("mnuView", k)))
+                a->setChecked(k == key);
+        if (QAction* a = mnuPop(sortEntryName("mnuPop", k)))
+            a->setChecked(k == key);
+    }
+    auto* h = w_.lstD88->horizontalHeader();
+    if (key >= 2) {
+        h->setSortIndicatorShown(true);
+        h->setSortIndicator(SortColumnOfKey(key),
+                            SortKeyDescending(key) ? Qt::DescendingOrder : Qt::AscendingOrder);
+    } else {
+        h->setSortIndicatorShown(false);
+    }
+}
+
+void CatalogueUi::SortList(int key)
+{
+    ClearSortCheck();
+    Cfg.SortKey = uint8_t(key);
+    sortReentry_ = true;
+    model_->sortByColumn(SortColumnOfKey(key), SortKeyDescending(key));
+    sortReentry_ = false;
+    SaveCfg();
+}
+
+void CatalogueUi::lstD88_ColumnClick(int column)
+{
+    if (column < 1 || column > kListColumns)
+        return;
+    const int key = ColumnClickKey(column, Cfg.SortKey);
+    SortList(key);
+    SetSortCheck(key);
+}
+
+void CatalogueUi::mnuViewSortRun_Click(int key)
+{
+    if (key < 0 || key > kMaxSortKey)
+        return;
+    if (key >= 2) {
+        SortList(key);
+        SetSortCheck(key);
+        return;
+    }
+    // File order is reached by loading anew; key 1 then reverses it within LoadList.
+    ClearSortCheck();
+    Cfg.SortKey = uint8_t(key);
+    SetSortCheck(key);
+    LoadList();
+    ClearItemDetail();
+    SaveCfg();
+}
+
+void CatalogueUi::mnuViewGrid_Click()
+{
+    Cfg.ViewGrid = Cfg.ViewGrid == 1 ? 0 : 1;
+    if (w_.menu)
+        if (QAction* a = w_.menu(QStringLiteral("mnuViewGrid")))
+            a->setChecked(Cfg.ViewGrid == 1);
+    w_.lstD88->setShowGrid(Cfg.ViewGrid == 1);
+    SaveCfg();
+}
+
+void CatalogueUi::mnuViewScrCom_Click()
+{
+    Cfg.ViewScrCom = Cfg.ViewScrCom == 1 ? 0 : 1;
+    const bool on = Cfg.ViewScrCom == 1;
+    if (w_.menu)
+        if (QAction* a = w_.menu(QStringLiteral("mnuViewScrCom")))
+            a->setChecked(on);
+    if (w_.fraScrCom)
+        w_.fraScrCom->setVisible(on);
+    if (on)
+        if (auto* split = qobject_cast<QSplitter*>(w_.lstD88->parentWidget())) {
+            const int list = qRound(4095 / twipsPerPixel(w_.lstD88));
+            const int total = split->width();
+            split->setSizes({list, std::max(1, total - list)});
+        }
+    SaveCfg();
+}
+
+void CatalogueUi::applyColumnWidths()
+{
+    const double tpp = twipsPerPixel(w_.lstD88);
+    for (int i = 0; i < kListColumns; ++i)
+        w_.lstD88->setColumnWidth(i, qRound(Cfg.ColWidth[size_t(i)] / tpp));
+}
+
+void CatalogueUi::munViewColumnClear_Click()
+{
+    CfgRecord defaults;
+    SetDefaultCfg(defaults);
+    Cfg.ColWidth = defaults.ColWidth;
+    applyColumnWidths();
+}
+
+void CatalogueUi::PutFreeColName()
+{
+    const QString c1 = VbTrim(Cfg.FreeColName1);
+    const QString c2 = VbTrim(Cfg.FreeColName2);
+    model_->setColumnCaption(3, c1);
+    model_->setColumnCaption(4, c2);
+    for (const auto& [name, text] : {std::pair{QStringLiteral("mnuViewSortCol1"), c1},
+                                     {QStringLiteral("mnuViewSortCol2"), c2}})
+        if (w_.menu)
+            if (QAction* a = w_.menu(name))
+                a->setText(text);
+    if (QAction* a = mnuPop(QStringLiteral("mnuPopSortCol1")))
+        a->setText(c1);
+    if (QAction* a = mnuPop(QStringLiteral("mnuPopSortCol2")))
+        a->setText(c2);
+}
+
+void CatalogueUi::ApplyCfg()
+{
+    PutFreeColName();
+    applyColumnWidths();
+    if (chkPatUse_[0])
+        chkPatUse_[0]->setChecked(Cfg.PatUse == 1);
+    const QString pan = VbTrim(Cfg.FmPanFile);
+    const bool panOk = !pan.isEmpty() && !FindFile(pan).isEmpty();
+    if (chkPanUse_) {
+        chkPanUse_->setChecked(panOk && Cfg.PanUse == 1);
+        chkPanUse_->setEnabled(panOk);
+    }
+    if (w_.fraScrCom)
+        w_.fraScrCom->setVisible(Cfg.ViewScrCom == 1);
+    if (w_.menu) {
+        if (QAction* a = w_.menu(QStringLiteral("mnuViewScrCom")))
+            a->setChecked(Cfg.ViewScrCom == 1);
+        if (QAction* a = w_.menu(QStringLiteral("mnuViewGrid")))
+            a->setChecked(Cfg.ViewGrid == 1);
+    }
+    w_.lstD88->setShowGrid(Cfg.ViewGrid == 1);
+    if (w_.imgScr && !NoImagePicture.isNull()) {
+        picture_ = NoImagePicture;
+        ShowNoImage(picture_);
+        showPicture(picture_);
+    }
+}
+
+int CatalogueUi::selectedRow() const
+{
+    const QModelIndexList rows = w_.lstD88->selectionModel()->selectedRows();
+    return rows.isEmpty() ? -1 : rows.first().row();
+}
+
+QString CatalogueUi::SelectedKey() const
+{
+    const int r = selectedRow();
+    return r < 0 ? QString() : model_->key(r);
+}
+
+void CatalogueUi::selectRow(int row)
+{
+    if (row < 0 || row >= model_->rowCount())
+        return;
+    const bool guard = sortReentry_;
+    sortReentry_ = true;
+    w_.lstD88->setCurrentIndex(model_->index(row, 0));
+    w_.lstD88->selectRow(row);
+    sortReentry_ = guard;
+}
+
+// --- Detail pane -------------------------------------------------------------------------
+
+void CatalogueUi::showPicture(const QImage& img)
+{
+    if (!w_.imgScr)
+        return;
+    QPixmap pm = QPixmap::fromImage(img);
+    const QSize box = w_.imgScr->size().boundedTo(QSize(640, 400)).expandedTo(QSize(160, 100));
+    if (!pm.isNull() && (pm.width() > box.width() || pm.height() > box.height()))
+        pm = pm.scaled(box, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    w_.imgScr->setPixmap(pm);
+}
+
+void CatalogueUi::setLabelColour(QLabel* l, const QColor& c)
+{
+    QPalette p = l->palette();
+    p.setColor(QPalette::WindowText, c);
+    p.setColor(QPalette::Disabled, QPalette::WindowText,
+               c == kRed ? c : p.color(QPalette::Disabled, QPalette::WindowText));
+    l->setPalette(p);
+}
+
+QColor CatalogueUi::labelColour(const QLabel* l)
+{
+    return l->palette().color(QPalette::Active, QPalette::WindowText);
+}
+
+void CatalogueUi::setEmuEnabled(int emuCode, bool on)
+{
+    if (QPushButton* b = cmdEmuRun(emuCode))
+        b->setEnabled(on);
+    const int entry = emuCode - 10 * FamilyOfEmuCode(emuCode);
+    if (w_.menu)
+        if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(entry)))
+            a->setEnabled(on);
+    if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(entry)))
+        a->setEnabled(on);
+}
+
+void CatalogueUi::ShowItemDetail()
+{
+    const int r = selectedRow();
+    if (r < 0 || HardWare > 2)
+        return;
+    const int fam = HardWare;
+    LstObj.GetLst(model_->seekPointer(r));
+
+    picturePath_ = FindItemPicture(LstObj, fam, picture_);
+    showPicture(picture_);
+
+    if (w_.txtSyosai)
+        w_.txtSyosai->setPlainText(
+            ItemDetailText(LstObj).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+
+    if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRun")))
+        a->setEnabled(true);
+    if (w_.menu)
+        if (QAction* a = w_.menu(QStringLiteral("mnuEmuRun")))
+            a->setEnabled(true);
+
+    // Everything off, then exactly the emulators that can take the start file.
+    for (int entry = 1; entry <= 9; ++entry) {
+        if (w_.menu)
+            if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(entry)))
+                a->setEnabled(false);
+        if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(entry)))
+            a->setEnabled(false);
+    }
+    for (auto& [code, b] : cmdEmuRun_)
+        b->setEnabled(false);
+    const QString start = LstObj.GetStartFileName();
+    for (int code : FamilyEmuCodes(fam))
+        if (EmuEnabledForItem(code, start))
+            setEmuEnabled(code, true);
+
+    // Save states of this title only: the labels of the previous title go first.
+    for (int i = 0; i < 10; ++i) {
+        setLabelColour(lblP88SaveData_[size_t(i)], kBlack);
+        lblP88SaveData_[size_t(i)]->setEnabled(false);
+        setLabelColour(lblM88SaveData_[size_t(i)], kBlack);
+        lblM88SaveData_[size_t(i)]->setEnabled(false);
+    }
+    setLabelColour(lblP88Save_, kBlack);
+    setLabelColour(lblM88Save_, kBlack);
+    lblP88Save_->setVisible(false);
+    lblM88Save_->setVisible(false);
+    if (fam == 0) {
+        if (EmuInUse(1)) {
+            const auto p = P88SaveSlots(start);
+            for (int i = 0; i < 10; ++i)
+                if (p[size_t(i)]) {
+                    setLabelColour(lblP88Save_, kRed);
+                    lblP88Save_->setVisible(true);
+                    lblP88SaveData_[size_t(i)]->setEnabled(true);
+                }
+        }
+        if (EmuInUse(2)) {
+            const auto m = M88SaveSlots(start);
+            for (int i = 0; i < 10; ++i)
+                if (m[size_t(i)]) {
+                    setLabelColour(lblM88Save_, kRed);
+                    lblM88Save_->setVisible(true);
+                    lblM88SaveData_[size_t(i)]->setEnabled(true);
+                }
+        }
+    }
+
+    const bool man = !LstObj.GetManFile().isEmpty();
+    cmdManFile_[size_t(fam)]->setEnabled(man);
+    if (w_.menu)
+        if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunMan")))
+            a->setEnabled(man);
+    if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunMan")))
+        a->setEnabled(man);
+
+    setStatus(ItemStatusText(LstObj));
+}
+
+void CatalogueUi::ClearItemDetail()
+{
+    picturePath_.clear();
+    ShowNoImage(picture_);
+    showPicture(picture_);
+    if (w_.txtSyosai) {
+        w_.txtSyosai->clear();
+        QPalette p = w_.txtSyosai->palette();
+        const QWidget* form = w_.window ? w_.window : w_.txtSyosai->window();
+        p.setColor(QPalette::Base, form->palette().color(QPalette::Window));
+        w_.txtSyosai->setPalette(p);
+    }
+    for (int fam = 0; fam < 3; ++fam)
+        if (cmdManFile_[size_t(fam)])
+            cmdManFile_[size_t(fam)]->setEnabled(false);
+    if (w_.menu)
+        if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunMan")))
+            a->setEnabled(false);
+    if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunMan")))
+        a->setEnabled(false);
+    for (auto& [code, b] : cmdEmuRun_)
+        b->setEnabled(false);
+    for (int entry = 1; entry <= 9; ++entry)
+        if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(entry)))
+            a->setEnabled(false);
+    if (HardWare <= 2) {
+        for (int entry = 1; entry <= 9; ++entry)
+            if (w_.menu)
+                if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(entry)))
+                    a->setEnabled(false);
+        // With nothing selected an emulator in use starts bare.
+        for (int code : FamilyEmuCodes(HardWare))
+            setEmuEnabled(code, EmuInUse(code));
+    }
+    setStatus(kNothingSelectedText);
+    for (int i = 0; i < 10; ++i) {
+        setLabelColour(lblP88SaveData_[size_t(i)], kBlack);
+        lblP88SaveData_[size_t(i)]->setEnabled(false);
+        setLabelColour(lblM88SaveData_[size_t(i)], kBlack);
+        lblM88SaveData_[size_t(i)]->setEnabled(false);
+    }
+    setLabelColour(lblP88Save_, kBlack);
+    setLabelColour(lblM88Save_, kBlack);
+}
+
+void CatalogueUi::lblP88Save_Click()
+{
+    setLabelColour(lblP88Save_, kRed);
+    for (ClickLabel* l : lblP88SaveData_)
+        if (l->isEnabled())
+            setLabelColour(l, kBlack);
+}
+
+void CatalogueUi::lblP88SaveData_Click(int index)
+{
+    if (index < 0 || index > 9)
+        return;
+    setLabelColour(lblP88Save_, kBlack);
+    for (ClickLabel* l : lblP88SaveData_)
+        if (l->isEnabled())
+            setLabelColour(l, kBlack);
+    setLabelColour(lblP88SaveData_[size_t(index)], kRed);
+}
+
+// --- A bare main window ------------------------------------------------------------------
+
+CatalogueWidgets CatalogueUi::BuildStandalone(QMainWindow* window)
+{
+    CatalogueWidgets w;
+    w.window = window;
+    auto* actions = new std::map<QString, QAction*>();
+    window->setProperty("catalogueActions", QVariant::fromValue<void*>(actions));
+    QObject::connect(window, &QObject::destroyed, [actions] { delete actions; });
+    auto add = [actions](QMenu* m, const QString& name, const QString& caption) {
+        QAction* a = m->addAction(caption);
+        a->setObjectName(name);
+        (*actions)[name] = a;
+        return a;
+    };
+    QMenu* view = window->menuBar()->addMenu(QStringLiteral("表示(&V)"));
+    view->setObjectName(QStringLiteral("mnuView"));
+    QMenu* sort = view->addMenu(QStringLiteral("並べ替え(&S)"));
+    sort->setObjectName(QStringLiteral("mnuViewSort"));
+    (*actions)[QStringLiteral("mnuViewSort")] = sort->menuAction();
+    const char* captions[] = {"登録順(&R)",   "Title(&T)",    "Genre(&G)",    "Maker(&M)",
+                              "Column 1(&1)", "Column 2(&2)", "Sale Date(&S)"};
+    for (int k = 0; k < 7; ++k) {
+        QMenu* m = sort->addMenu(QString::fromUtf8(captions[k]));
+        const QString base = QStringLiteral("mnuView") + QString::fromLatin1(kSortMenus[k]);
+        m->setObjectName(base.left(base.size() - 3));
+        (*actions)[m->objectName()] = m->menuAction();
+        add(m, sortEntryName("mnuView", 2 * k), QStringLiteral("昇順(&A)"));
+        add(m, sortEntryName("mnuView", 2 * k + 1), QStringLiteral("降順(&D)"));
+    }
+    add(view, QStringLiteral("mnuViewScrCom"), QStringLiteral("ScreenShot・コメント表示(&C)"));
+    add(view, QStringLiteral("mnuViewGrid"), QStringLiteral("グリッド線表示(&G)"));
+    add(view, QStringLiteral("munViewColumnClear"), QStringLiteral("カラム幅初期化(&W)"));
+    QMenu* run = window->menuBar()->addMenu(QStringLiteral("起動(&R)"));
+    run->setObjectName(QStringLiteral("mnuEmuRun"));
+    (*actions)[QStringLiteral("mnuEmuRun")] = run->menuAction();
+    for (int i = 1; i <= 9; ++i)
+        add(run, QStringLiteral("mnuEmuRunEach(%1)").arg(i), QStringLiteral("-----"));
+    add(run, QStringLiteral("mnuEmuRunMan"), QStringLiteral("マニュアル(&N)"));
+    w.menu = [actions](const QString& name) -> QAction* {
+        auto it = actions->find(name);
+        return it == actions->end() ? nullptr : it->second;
+    };
+
+    auto* central = new QWidget(window);
+    auto* v = new QVBoxLayout(central);
+    auto* split = new QSplitter(Qt::Horizontal, central);
+    w.lstD88 = new QTableView(split);
+    w.lstD88->setObjectName(QStringLiteral("lstD88"));
+    w.fraScrCom = new QFrame(split);
+    w.fraScrCom->setObjectName(QStringLiteral("fraScrCom"));
+    w.fraScrCom->setFrameShape(QFrame::StyledPanel);
+    auto* pane = new QVBoxLayout(w.fraScrCom);
+    w.imgScr = new QLabel(w.fraScrCom);
+    w.imgScr->setObjectName(QStringLiteral("imgScr"));
+    w.imgScr->setAlignment(Qt::AlignCenter);
+    w.imgScr->setMinimumSize(320, 200);
+    w.txtSyosai = new QTextEdit(w.fraScrCom);
+    w.txtSyosai->setObjectName(QStringLiteral("txtSyosai"));
+    w.txtSyosai->setReadOnly(true);
+    pane->addWidget(w.imgScr);
+    pane->addWidget(w.txtSyosai, 1);
+    split->addWidget(w.lstD88);
+    split->addWidget(w.fraScrCom);
+    v->addWidget(split, 1);
+    for (int i = 0; i < 3; ++i) {
+        auto* f = new QFrame(central);
+        f->setObjectName(QStringLiteral("fraFotter(%1)").arg(i));
+        f->setFrameShape(QFrame::StyledPanel);
+        new QHBoxLayout(f);
+        f->setVisible(i == 0);
+        w.fraFotter[size_t(i)] = f;
+        v->addWidget(f);
+    }
+    window->setCentralWidget(central);
+    w.statusBar = window->statusBar();
+    return w;
+}
+
+} // namespace tv

@@ -1,0 +1,144 @@
+#pragma once
+// The catalogue on the main window: the title list lstD88 with its sorts and views, the
+// footers fraFotter of the three families, and the detail pane. It works on controls that the
+// main window owns and adds what belongs to it (footer buttons, save-state labels, popup menu).
+#include "data/TitleListModel.h"
+
+#include <QColor>
+#include <QLabel>
+#include <QObject>
+#include <QPointer>
+#include <array>
+#include <functional>
+#include <map>
+
+class QAction;
+class QCheckBox;
+class QFrame;
+class QMainWindow;
+class QMenu;
+class QPushButton;
+class QStatusBar;
+class QTableView;
+class QTextEdit;
+
+namespace tv {
+
+// A label that reports clicks: the P88SR save-state labels choose a state by colour.
+class ClickLabel : public QLabel {
+    Q_OBJECT
+public:
+    using QLabel::QLabel;
+signals:
+    void clicked();
+
+protected:
+    void mousePressEvent(QMouseEvent* e) override;
+};
+
+struct CatalogueWidgets {
+    QWidget* window = nullptr; // takes the caption
+    QTableView* lstD88 = nullptr;
+    QFrame* fraScrCom = nullptr;
+    QLabel* imgScr = nullptr;
+    QTextEdit* txtSyosai = nullptr;
+    std::array<QFrame*, 3> fraFotter{};
+    QStatusBar* statusBar = nullptr;
+    // Menu entries by name ("mnuViewSortTitleRun(2)", "mnuEmuRunEach(1)"); null when absent.
+    std::function<QAction*(const QString&)> menu;
+    // The splash counters lblLstKen and lblLstCap while TitleClosed is 0.
+    std::function<void(const QString& ken, const QString& cap)> splashCount;
+    // StartFail; the process ends after it.
+    std::function<void()> startFail;
+    // Serves pending events (the yield of the fill); empty means processEvents.
+    std::function<void()> yield;
+};
+
+class CatalogueUi : public QObject {
+    Q_OBJECT
+public:
+    explicit CatalogueUi(const CatalogueWidgets& w, QObject* parent = nullptr);
+
+    // Builds a bare main window with the controls and menus the catalogue needs, for use
+    // before the real main window exists and in tests.
+    static CatalogueWidgets BuildStandalone(QMainWindow* window);
+
+    TitleListModel* model() const { return model_; }
+    QMenu* popupMenu() const { return mnuPop_; }
+    QLabel* statusPanel1() const { return stbPanel1_; }
+    QPushButton* cmdEmuRun(int emuCode) const;
+    QCheckBox* chkDefOpt(int family) const { return chkDefOpt_[size_t(family)]; }
+    QCheckBox* chkPatUse(int family) const { return chkPatUse_[size_t(family)]; }
+    QCheckBox* chkPanUse() const { return chkPanUse_; }
+    QPushButton* cmdManFile(int family) const { return cmdManFile_[size_t(family)]; }
+    QPushButton* cmdNoSelect(int family) const { return cmdNoSelect_[size_t(family)]; }
+    ClickLabel* lblP88Save() const { return lblP88Save_; }
+    ClickLabel* lblP88SaveData(int slot) const { return lblP88SaveData_[size_t(slot)]; }
+    QLabel* lblM88Save() const { return lblM88Save_; }
+    QLabel* lblM88SaveData(int slot) const { return lblM88SaveData_[size_t(slot)]; }
+    QAction* mnuPop(const QString& name) const;
+    QImage shownPicture() const { return picture_; }
+    // The path the last ShowItemDetail loaded its picture from; "" for none.
+    QString shownPicturePath() const { return picturePath_; }
+
+    // cbxHardWare_Click once HardWare is the new family: steps 2 to 5.
+    void FamilyChanged(int family);
+    void LoadList();
+    void SortList(int key);
+    void ClearSortCheck();
+    void SetSortCheck(int key);
+    void PutFreeColName();
+    // Start-up step 13: what the configuration sets on the list, the footers and the pane.
+    void ApplyCfg();
+    void lstD88_ColumnClick(int column);
+    void mnuViewSortRun_Click(int key);
+    void mnuViewGrid_Click();
+    void mnuViewScrCom_Click();
+    void munViewColumnClear_Click();
+    void ShowItemDetail();
+    void ClearItemDetail();
+    void lblP88Save_Click();
+    void lblP88SaveData_Click(int index);
+    // Key of the selected row, "" with none.
+    QString SelectedKey() const;
+    int selectedRow() const;
+    void selectRow(int row);
+
+    static QColor labelColour(const QLabel* l);
+
+signals:
+    // A launch button or its menu entry: the launch takes it from here.
+    void emuRunRequested(int emuCode);
+    void manFileRequested(int family);
+
+private:
+    void buildFooters();
+    void buildSaveLabels();
+    void buildPopup();
+    void connectMenus();
+    void setEmuEnabled(int emuCode, bool on);
+    void setCaption();
+    void setStatus(const QString& text);
+    void showPicture(const QImage& img);
+    void applyColumnWidths();
+    static void setLabelColour(QLabel* l, const QColor& c);
+
+    CatalogueWidgets w_;
+    TitleListModel* model_ = nullptr;
+    QLabel* stbPanel1_ = nullptr;
+    QMenu* mnuPop_ = nullptr;
+    std::map<QString, QAction*> popActions_;
+    std::map<int, QPushButton*> cmdEmuRun_;
+    std::array<QCheckBox*, 3> chkDefOpt_{}, chkPatUse_{};
+    QCheckBox* chkPanUse_ = nullptr;
+    std::array<QPushButton*, 3> cmdManFile_{}, cmdNoSelect_{};
+    ClickLabel* lblP88Save_ = nullptr;
+    std::array<ClickLabel*, 10> lblP88SaveData_{};
+    QLabel* lblM88Save_ = nullptr;
+    std::array<QLabel*, 10> lblM88SaveData_{};
+    QImage picture_;
+    QString picturePath_;
+    bool sortReentry_ = false;
+};
+
+} // namespace tv
