@@ -1,0 +1,163 @@
+#include "launch/Repack.h"
+
+#include "launch/Archive.h"
+#include "platform/MsgBox.h"
+#include "platform/Platform.h"
+#include "shell/Globals.h"
+#include "shell/SubFunction.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace tv {
+
+namespace {
+QString InWork(const QString& name)
+{
+    return WorkDir + u'/' + name;
+}
+
+// The loops below restart from the first match after each file operation. Should an operation
+// leave the file where it is (a guard refused it), the file is taken away by a plain removal
+// so that the loop can't turn forever on it.
+void EnsureGone(const QString& path)
+{
+    if (QFileInfo::exists(path))
+        QFile::remove(path);
+}
+void EnsureMoved(const QString& source, const QString& target)
+{
+    if (QFileInfo::exists(source))
+        QFile::rename(source, target);
+    EnsureGone(source);
+}
+} // namespace
+
+QString DateTimeText(const QDateTime& time)
+{
+    return time.toLocalTime().toString(QStringLiteral("yyyy/MM/dd HH:mm:ss.zzz"));
+}
+
+QString FileDateTimeText(const QString& path)
+{
+    const QFileInfo fi(path);
+    if (!fi.exists())
+        return {};
+    return DateTimeText(fi.lastModified());
+}
+
+QString TempDir()
+{
+    return WorkDir + QStringLiteral("/temp");
+}
+
+void CleanWorkDir()
+{
+    if (!FindFile(WorkDir + QStringLiteral("/*")).isEmpty())
+        ShellDelete(WorkDir + QStringLiteral("/*"), 0);
+}
+
+void CleanTempDir()
+{
+    if (!QFileInfo(TempDir()).isDir())
+        return;
+    if (!FindFile(TempDir() + QStringLiteral("/*")).isEmpty())
+        ShellDelete(TempDir() + QStringLiteral("/*"), 0);
+    // The current directory may stand inside TempDir after a launch.
+    QDir::setCurrent(WorkDir);
+    QDir().rmdir(TempDir());
+}
+
+void RestoreTempDir()
+{
+    for (;;) {
+        const QString f = FindFile(TempDir() + QStringLiteral("/*"));
+        if (f.isEmpty())
+            break;
+        ShellMove(TempDir() + u'/' + f, InWork(f), 0);
+        EnsureMoved(TempDir() + u'/' + f, InWork(f));
+    }
+    CleanTempDir();
+}
+
+int16_t CheckRepack(uint8_t HardWare, uint8_t ArcCheckFlag, uint8_t ReArcCheckFlag,
+                    const QString& JituFile, QString StartFile, const FileList& FileList)
+{
+    DoEvents();
+    StartFile = VbTrim(StartFile);
+    const QString snapDir = HardWare < SnapDir.size() ? SnapDir[HardWare] : QString();
+
+    if (ArcCheckFlag != 1) {
+        // A plain image: the image goes back over the catalogued file, changed or not;
+        // anything else is something the emulator produced.
+        for (;;) {
+            const QString f = FindFile(WorkDir + QStringLiteral("/*"));
+            if (f.isEmpty())
+                break;
+            if (VbTrim(f).toUpper() != StartFile.toUpper())
+                ShellCopy(InWork(f), snapDir + u'/' + f, 0);
+            else
+                ShellCopy(InWork(f), JituFile, 0);
+            ShellDelete(InWork(f), 0);
+            EnsureGone(InWork(f));
+        }
+        CleanWorkDir();
+        if (RefreshItemDetail)
+            RefreshItemDetail();
+        return -1;
+    }
+
+    bool Changed = false;
+    bool Found = false;
+    CleanTempDir();
+    QDir().mkdir(TempDir());
+    // One pass: members are held in TempDir, new files leave for SnapDir at once, so that the
+    // re-pack sees members only.
+    for (;;) {
+        const QString f = FindFile(WorkDir + QStringLiteral("/*"));
+        if (f.isEmpty())
+            break;
+        for (const FileListRow& row : FileList) {
+            if (row.name.toUpper() == f.toUpper()) {
+                Found = true;
+                if (FileDateTimeText(InWork(f)) != row.dateTime) {
+                    Changed = true;
+                    break;
+                }
+            }
+        }
+        if (Found) {
+            Found = false;
+            ShellMove(InWork(f), TempDir() + u'/' + f, 0);
+            EnsureMoved(InWork(f), TempDir() + u'/' + f);
+        } else {
+            ShellCopy(InWork(f), snapDir + u'/' + f, 0);
+            ShellDelete(InWork(f), 0);
+            EnsureGone(InWork(f));
+        }
+    }
+    RestoreTempDir();
+
+    if ((ReArcCheckFlag == 1 || ReArcCheckFlag == 2) && Changed) {
+        DoEvents();
+        int answer = MbResYes;
+        if (ReArcCheckFlag == 2)
+            answer =
+                MsgBox(QStringLiteral("イメージファイルは変更されています。\n再圧縮しますか？"),
+                       MbYesNo, QStringLiteral("再圧縮チェック"));
+        if (answer == MbResYes) {
+            bool ok = false;
+            if (IsArcExt(GetFileExt(JituFile)))
+                ok = ArcPack(MainWindowHandle, JituFile, WorkDir, kArcTrue) == 0;
+            if (!ok)
+                MsgBox(QStringLiteral("再圧縮できませんでした"));
+        }
+    }
+    CleanWorkDir();
+    if (RefreshItemDetail)
+        RefreshItemDetail();
+    return -1;
+}
+
+} // namespace tv
