@@ -2,6 +2,7 @@
 
 #include "data/ByteCodec.h"
 #include "launch/ArcProgress.h"
+#include "launch/Lzh5Encoder.h"
 #include "shell/Sjis.h"
 
 #include <QDateTime>
@@ -22,11 +23,6 @@
 #include <filesystem>
 #include <memory>
 #include <vector>
-
-#if __has_include("launch/Lzh5Encoder.h")
-#include "launch/Lzh5Encoder.h"
-#define TORVANE_HAVE_LZH5_ENCODER 1
-#endif
 
 namespace tv {
 
@@ -508,7 +504,6 @@ int PackDirectory(ArcFormat format, const QString& archivePath, const QString& s
     const QString target = ai.absoluteFilePath();
 
     if (format == ArcFormat::Lzh) {
-#ifdef TORVANE_HAVE_LZH5_ENCODER
         QStringList paths;
         for (const QFileInfo& fi : files)
             paths << fi.absoluteFilePath();
@@ -516,9 +511,6 @@ int PackDirectory(ArcFormat format, const QString& archivePath, const QString& s
         if (progress)
             cb = [progress](qint64 done, qint64 all) { progress->Update(done, all, QString()); };
         return WriteLzh5Archive(target, paths, cb) ? ArcOk : ArcErrWrite;
-#else
-        return ArcErrCommand; // UNFINISHED: waits for the -lh5- encoder (Lzh5Encoder.h)
-#endif
     }
 
     QTemporaryFile tmp(ai.absolutePath() + QStringLiteral("/.tvarc-XXXXXX"));
