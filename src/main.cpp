@@ -1,16 +1,32 @@
-// The program takes no command line: everything it needs stands beside it.
+// The program takes no command line: everything it needs stands beside it. Its first logic
+// is the start-up of the main window; a refused start ends the process with code 1.
+#include "mainwindow/frmMain.h"
 #include "platform/MsgBoxQt_ui.h"
 
 #include <QApplication>
-#include <QLabel>
+#include <QFont>
+#include <QFontDatabase>
 
 int main(int argc, char** argv)
 {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TORVANE"));
     QApplication::setApplicationVersion(QStringLiteral(TORVANE_VERSION));
+    // Japanese texts need a font that has them; prefer one when the system has it.
+    const QStringList families = QFontDatabase::families();
+    for (const char* name : {"Noto Sans CJK JP", "Noto Sans JP", "IPAGothic", "IPAexGothic",
+                             "VL Gothic", "TakaoGothic"}) {
+        if (families.contains(QString::fromUtf8(name))) {
+            QFont f = QApplication::font();
+            f.setFamilies({QString::fromUtf8(name)});
+            QApplication::setFont(f);
+            break;
+        }
+    }
     tv::InstallQtMessageBoxes();
-    QLabel placeholder(QStringLiteral("TORVANE"));
-    placeholder.show();
+
+    tv::frmMain w;
+    if (!w.Load())
+        return 1;
     return app.exec();
 }

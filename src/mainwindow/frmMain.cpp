@@ -1,0 +1,553 @@
+#include "mainwindow/frmMain.h"
+
+#include "data/Cfg.h"
+#include "mainwindow/frmTitle.h"
+#include "settings/frmAbout.h"
+#include "settings/frmCfg.h"
+#include "shell/Globals.h"
+#include "shell/ValidateCfg.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QCoreApplication>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
+#include <QScreen>
+#include <QSplitter>
+#include <QStandardItemModel>
+#include <QStatusBar>
+#include <QStyle>
+#include <QSystemTrayIcon>
+#include <QTableView>
+#include <QTextEdit>
+#include <QVBoxLayout>
+#include <QVersionNumber>
+
+namespace tv {
+
+namespace {
+
+// The design size of the window, in pixels.
+constexpr int kDesignWidth = 980;
+constexpr int kDesignHeight = 660;
+
+QPixmap makeNoImage()
+{
+    QPixmap p(320, 200);
+    p.fill(QColor(0x20, 0x20, 0x28));
+    QPainter g(&p);
+    g.setPen(QColor(0xa0, 0xa0, 0xb0));
+    QFont f = g.font();
+    f.setPointSize(18);
+    f.setBold(true);
+    g.setFont(f);
+    g.drawText(p.rect(), Qt::AlignCenter, QStringLiteral("NO IMAGE"));
+    return p;
+}
+
+} // namespace
+
+frmMain::frmMain(QWidget* parent) : QMainWindow(parent)
+{
+    setObjectName(QStringLiteral("frmMain"));
+    setWindowTitle(QStringLiteral("TORVANE"));
+    setWindowIcon(style()->standardIcon(QStyle::SP_ComputerIcon));
+    BuildMenus();
+    BuildControls();
+    resize(kDesignWidth, kDesignHeight);
+    showCfgDialog = [](frmMain& w) {
+        frmCfg dlg(&w);
+        dlg.exec();
+    };
+}
+
+frmMain::~frmMain()
+{
+    if (title_)
+        delete title_.data();
+}
+
+QAction* frmMain::Menu(const QString& name) const
+{
+    auto it = menus_.find(name);
+    return it == menus_.end() ? nullptr : it->second;
+}
+
+void frmMain::BuildMenus()
+{
+    auto add = [this](QMenu* m, const QString& name, const QString& caption, bool enabled,
+                      bool checkable = false) {
+        QAction* a = m->addAction(caption);
+        a->setObjectName(name);
+        a->setEnabled(enabled);
+        a->setCheckable(checkable);
+        menus_[name] = a;
+        return a;
+    };
+    auto sub = [this](QMenu* parent, const QString& name, const QString& caption) {
+        QMenu* m = parent ? parent->addMenu(caption) : menuBar()->addMenu(caption);
+        m->setObjectName(name);
+        menus_[name] = m->menuAction();
+        return m;
+    };
+
+    // Entries whose dialogs or commands come with the catalogue, the registration and the
+    // launch are created disabled; those parts enable and connect them.
+    QMenu* file = sub(nullptr, QStringLiteral("mnuFile"), QStringLiteral("ファイル(&F)"));
+    connect(add(file, QStringLiteral("mnuFileEnd"), QStringLiteral("終了(&X)"), true),
+            &QAction::triggered, this, &QWidget::close);
+
+    QMenu* edit = sub(nullptr, QStringLiteral("mnuEdit"), QStringLiteral("編集(&E)"));
+    add(edit, QStringLiteral("mnuEditAddItem"), QStringLiteral("アイテム追加(&A)..."), false);
+    add(edit, QStringLiteral("mnuEditChangeItem"), QStringLiteral("アイテム編集(&C)..."), false);
+    add(edit, QStringLiteral("mnuEditDeleteItem"), QStringLiteral("アイテム削除(&D)"), false);
+    edit->addSeparator();
+    add(edit, QStringLiteral("mnuEditNoSelect"), QStringLiteral("選択解除(&N)"), false);
+    add(edit, QStringLiteral("mnuEditSearch"), QStringLiteral("検索(&S)..."), false);
+
+    QMenu* view = sub(nullptr, QStringLiteral("mnuView"), QStringLiteral("表示(&V)"));
+    QMenu* sort = sub(view, QStringLiteral("mnuViewSort"), QStringLiteral("並べ替え(&S)"));
+    const struct {
+        const char* name;
+        const char* caption;
+        int key;
+    } sorts[] = {
+        {"mnuViewSortRegistRun", "登録順(&R)", 0},  {"mnuViewSortTitleRun", "Title(&T)", 2},
+        {"mnuViewSortGenreRun", "Genre(&G)", 4},    {"mnuViewSortMakerRun", "Maker(&M)", 6},
+        {"mnuViewSortCol1Run", "Column 1(&1)", 8},  {"mnuViewSortCol2Run", "Column 2(&2)", 10},
+        {"mnuViewSortSaleRun", "Sale Date(&S)", 12}};
+    for (const auto& s : sorts) {
+        QMenu* m = sort->addMenu(QString::fromUtf8(s.caption));
+        const QString base = QString::fromUtf8(s.name);
+        m->setObjectName(base);
+        add(m, base + QStringLiteral("(%1)").arg(s.key), QStringLiteral("昇順(&A)"), false, true);
+        add(m, base + QStringLiteral("(%1)").arg(s.key + 1), QStringLiteral("降順(&D)"), false,
+            true);
+    }
+    view->addSeparator();
+    add(view, QStringLiteral("mnuViewScrCom"), QStringLiteral("ScreenShot・コメント表示(&C)"),
+        false, true);
+    add(view, QStringLiteral("mnuViewGrid"), QStringLiteral("グリッド線表示(&G)"), false, true);
+    add(view, QStringLiteral("munViewColumnClear"), QStringLiteral("カラム幅初期化(&W)"), false);
+
+    QMenu* run = sub(nullptr, QStringLiteral("mnuEmuRun"), QStringLiteral("起動(&R)"));
+    for (int i = 1; i <= 6; ++i)
+        add(run, QStringLiteral("mnuEmuRunEach(%1)").arg(i), QStringLiteral("-----"), false);
+    run->addSeparator();
+    add(run, QStringLiteral("mnuEmuRunMan"), QStringLiteral("マニュアル(&N)"), false);
+
+    QMenu* tool = sub(nullptr, QStringLiteral("mnuTool"), QStringLiteral("ツール(&T)"));
+    add(tool, QStringLiteral("mnuToolColEditor"), QStringLiteral("カラムエディタ(&E)..."), false);
+
+    QMenu* opt = sub(nullptr, QStringLiteral("munOption"), QStringLiteral("オプション(&O)"));
+    connect(
+        add(opt, QStringLiteral("mnuOptionCfg"), QStringLiteral("Emulator基本設定(&E)..."), true),
+        &QAction::triggered, this, [this] { ShowCfgDialog(); });
+    add(opt, QStringLiteral("mnuOptionTORVOp"), QStringLiteral("TORVANE ｵﾌﾟｼｮﾝ(&O)..."), false);
+
+    QMenu* help = sub(nullptr, QStringLiteral("mnuHelp"), QStringLiteral("ヘルプ(&H)"));
+    add(help, QStringLiteral("mnuHelpTORVANE"), QStringLiteral("TORVANE ヘルプ(&H)"), false);
+    add(help, QStringLiteral("mnuHelpTopic"), QStringLiteral("トピックの検索(&S)"), false);
+    help->addSeparator();
+    connect(
+        add(help, QStringLiteral("mnuHelpVersion"), QStringLiteral("バージョン情報(&A)..."), true),
+        &QAction::triggered, this, [this] {
+            frmAbout dlg(this);
+            dlg.exec();
+        });
+
+    // The tray's menu.
+    mnuTaskBar = new QMenu(this);
+    mnuTaskBar->setObjectName(QStringLiteral("mnuTaskBar"));
+    connect(add(mnuTaskBar, QStringLiteral("mnuTaskBarTORVOpen"),
+                QStringLiteral("TORVANE を開く(&O)"), true),
+            &QAction::triggered, this, &frmMain::TrayOpen);
+    connect(add(mnuTaskBar, QStringLiteral("mnuTaskBarTORVClose"),
+                QStringLiteral("TORVANE を終了(&X)"), true),
+            &QAction::triggered, this, [this] {
+                // The exit sequence runs even from a hidden window, then the process ends.
+                if (startup_ && !unloaded_) {
+                    unloaded_ = true;
+                    startup_->FormUnload();
+                }
+                QCoreApplication::quit();
+            });
+}
+
+void frmMain::BuildControls()
+{
+    auto* central = new QWidget(this);
+    central->setObjectName(QStringLiteral("fraMain"));
+    auto* v = new QVBoxLayout(central);
+    v->setContentsMargins(6, 6, 6, 4);
+    v->setSpacing(4);
+
+    auto* top = new QHBoxLayout;
+    auto* lbl = new QLabel(QStringLiteral("HardWare"), central);
+    lbl->setObjectName(QStringLiteral("lblHardWare"));
+    cbxHardWare = new QComboBox(central);
+    cbxHardWare->setObjectName(QStringLiteral("cbxHardWare"));
+    for (int i = 0; i < 3; ++i)
+        cbxHardWare->addItem(FamilyName(i));
+    cbxHardWare->setCurrentIndex(-1);
+    cbxHardWare->setMinimumWidth(180);
+    top->addWidget(lbl);
+    top->addWidget(cbxHardWare);
+    top->addStretch(1);
+    v->addLayout(top);
+
+    splMain = new QSplitter(Qt::Horizontal, central);
+    splMain->setObjectName(QStringLiteral("splMain"));
+    lstD88 = new QTableView(splMain);
+    lstD88->setObjectName(QStringLiteral("lstD88"));
+    lstModel = new QStandardItemModel(0, 6, this);
+    lstModel->setHorizontalHeaderLabels({QStringLiteral("Title"), QStringLiteral("Genre"),
+                                         QStringLiteral("Maker"), QStringLiteral("Column 1"),
+                                         QStringLiteral("Column 2"), QStringLiteral("Sale Date")});
+    lstD88->setModel(lstModel);
+    lstD88->verticalHeader()->hide();
+    lstD88->setShowGrid(false);
+    lstD88->setSelectionMode(QAbstractItemView::SingleSelection);
+    lstD88->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    lstD88->horizontalHeader()->setStretchLastSection(true);
+
+    fraScrCom = new QFrame(splMain);
+    fraScrCom->setObjectName(QStringLiteral("fraScrCom"));
+    fraScrCom->setFrameShape(QFrame::StyledPanel);
+    auto* pane = new QVBoxLayout(fraScrCom);
+    pane->setContentsMargins(4, 4, 4, 4);
+    imgScr = new QLabel(fraScrCom);
+    imgScr->setObjectName(QStringLiteral("imgScr"));
+    imgScr->setAlignment(Qt::AlignCenter);
+    imgScr->setMinimumSize(320, 200);
+    NoImagePicture = makeNoImage();
+    imgScr->setPixmap(NoImagePicture);
+    txtSyosai = new QTextEdit(fraScrCom);
+    txtSyosai->setObjectName(QStringLiteral("txtSyosai"));
+    txtSyosai->setReadOnly(true);
+    pane->addWidget(imgScr, 0);
+    pane->addWidget(txtSyosai, 1);
+    fraScrCom->setVisible(false); // shown by ViewScrCom
+    splMain->addWidget(lstD88);
+    splMain->addWidget(fraScrCom);
+    splMain->setStretchFactor(0, 1);
+    splMain->setStretchFactor(1, 1);
+    v->addWidget(splMain, 1);
+
+    // One footer per family; the catalogue code puts its buttons and switches in them.
+    for (int i = 0; i < 3; ++i) {
+        auto* f = new QFrame(central);
+        f->setObjectName(QStringLiteral("fraFotter(%1)").arg(i));
+        f->setFrameShape(QFrame::StyledPanel);
+        f->setMinimumHeight(36);
+        new QHBoxLayout(f);
+        f->setVisible(i == 0);
+        fraFotter[i] = f;
+        v->addWidget(f);
+    }
+    setCentralWidget(central);
+    statusBar()->setObjectName(QStringLiteral("stbMain"));
+
+    connect(cbxHardWare, &QComboBox::currentIndexChanged, this, &frmMain::cbxHardWare_Click);
+}
+
+double frmMain::TwipsPerPixel() const
+{
+    const QScreen* s = screen() ? screen() : QGuiApplication::primaryScreen();
+    const double dpi = s ? s->logicalDotsPerInchX() : 96.0;
+    return dpi > 0 ? 1440.0 / dpi : 15.0;
+}
+
+bool frmMain::Load(StartupEnv env)
+{
+    startup_ = std::make_unique<Startup>(*this, std::move(env));
+    return startup_->FormLoad();
+}
+
+void frmMain::cbxHardWare_Click(int index)
+{
+    if (index < 0 || index > 2 || index == HardWare)
+        return;
+    HardWare = static_cast<uint8_t>(index);
+    for (int i = 0; i < 3; ++i)
+        fraFotter[i]->setVisible(i == index);
+    ShowFamilyPath();
+    if (catalogue_)
+        catalogue_->FamilyChanged(*this, index);
+}
+
+void frmMain::ShowFamilyPath()
+{
+    if (HardWare <= 2)
+        statusBar()->showMessage(ImageDir[HardWare]);
+}
+
+void frmMain::CfgStored()
+{
+    ShowFamilyPath();
+    if (catalogue_)
+        catalogue_->CfgApplied(*this);
+}
+
+// ---- StartupUi ----
+
+void frmMain::LoadTitle()
+{
+    if (!title_)
+        title_ = new frmTitle;
+    title_->show();
+}
+
+void frmMain::ShowTitle()
+{
+    if (!title_)
+        title_ = new frmTitle;
+    title_->show();
+    title_->raise();
+}
+
+void frmMain::UnloadTitle()
+{
+    // Gone at once, not at the next turn of the event loop; its end sets TitleClosed.
+    delete title_.data();
+}
+
+void frmMain::SetTitleMsg1(const QString& text)
+{
+    if (title_)
+        title_->lblMsg1->setText(text);
+}
+
+void frmMain::SetTitleMsg2(const QString& text)
+{
+    if (title_)
+        title_->lblMsg2->setText(text);
+}
+
+void frmMain::HideMain()
+{
+    hide();
+}
+
+void frmMain::ShowMain()
+{
+    show();
+}
+
+void frmMain::SetMainMinimized()
+{
+    setWindowState(windowState() | Qt::WindowMinimized);
+}
+
+void frmMain::SetMainVisible()
+{
+    setVisible(true);
+}
+
+void frmMain::SetListExStyle()
+{
+    lstD88->setSelectionBehavior(QAbstractItemView::SelectRows);
+}
+
+void frmMain::ApplyCfgToWindow()
+{
+    imgScr->setPixmap(NoImagePicture);
+    txtSyosai->clear();
+    QPalette pal = txtSyosai->palette();
+    pal.setColor(QPalette::Base, palette().color(QPalette::Window));
+    txtSyosai->setPalette(pal);
+    lstModel->setHeaderData(3, Qt::Horizontal, Cfg.FreeColName1.trimmed());
+    lstModel->setHeaderData(4, Qt::Horizontal, Cfg.FreeColName2.trimmed());
+    const double tpp = TwipsPerPixel();
+    for (int i = 0; i < 6; ++i)
+        lstD88->setColumnWidth(i, qRound(Cfg.ColWidth[i] / tpp));
+    if (Cfg.ViewScrCom == 1) {
+        Menu(QStringLiteral("mnuViewScrCom"))->setChecked(true);
+        fraScrCom->setVisible(true);
+        const int list = qRound(4095 / tpp);
+        splMain->setSizes({list, qMax(200, width() - list)});
+    }
+    if (Cfg.ViewGrid == 1) {
+        Menu(QStringLiteral("mnuViewGrid"))->setChecked(true);
+        lstD88->setShowGrid(true);
+    }
+    // The footer switches, PutFreeColName of the catalogue's own model, and the rest.
+    if (catalogue_)
+        catalogue_->CfgApplied(*this);
+}
+
+void frmMain::CreateLstObj()
+{
+    if (catalogue_)
+        catalogue_->CreateLstObj(*this);
+}
+
+void frmMain::ReleaseLstObj()
+{
+    if (catalogue_)
+        catalogue_->ReleaseLstObj(*this);
+}
+
+bool frmMain::InitLst(int family)
+{
+    // Without the catalogue code no file can be read, so a catalogue file is not accepted.
+    return catalogue_ && catalogue_->InitLst(*this, family);
+}
+
+void frmMain::SelectFamily(int family)
+{
+    // An index the box doesn't have leaves it as it is; family 0 keeps the window usable.
+    cbxHardWare->setCurrentIndex(family >= 0 && family <= 2 ? family : 0);
+}
+
+void frmMain::CenterOnScreen()
+{
+    const QScreen* s = screen() ? screen() : QGuiApplication::primaryScreen();
+    if (!s)
+        return;
+    const QRect r = s->geometry();
+    move(r.x() + (r.width() - width()) / 2, r.y() + (r.height() - height()) / 2);
+}
+
+void frmMain::PlaceWindow()
+{
+    const double tpp = TwipsPerPixel();
+    if (Cfg.WinChangeFlag == 1) {
+        if (Cfg.WinWidth > 0 && Cfg.WinHeight > 0)
+            resize(qRound(Cfg.WinWidth / tpp), qRound(Cfg.WinHeight / tpp));
+        if (Cfg.WinAppearance == 1)
+            move(qRound(Cfg.WinLeft / tpp), qRound(Cfg.WinTop / tpp));
+        else
+            CenterOnScreen();
+        if (Cfg.WinState == 1)
+            setWindowState(Qt::WindowMinimized);
+        else if (Cfg.WinState == 2)
+            setWindowState(Qt::WindowMaximized);
+        else
+            setWindowState(Qt::WindowNoState);
+    } else {
+        resize(kDesignWidth, kDesignHeight);
+        CenterOnScreen();
+    }
+}
+
+bool frmMain::TrayAvailable()
+{
+    return QSystemTrayIcon::isSystemTrayAvailable();
+}
+
+void frmMain::SetTaskIcon()
+{
+    if (!tray_) {
+        tray_ = new QSystemTrayIcon(windowIcon(), this);
+        tray_->setObjectName(QStringLiteral("trayIcon"));
+        tray_->setContextMenu(mnuTaskBar);
+        connect(tray_, &QSystemTrayIcon::activated, this,
+                [this](QSystemTrayIcon::ActivationReason r) {
+                    // The tray does nothing while a modal dialog holds the window.
+                    if (r == QSystemTrayIcon::DoubleClick && isEnabled() &&
+                        !QApplication::activeModalWidget())
+                        TrayOpen();
+                });
+    }
+    const QVersionNumber v = QVersionNumber::fromString(QCoreApplication::applicationVersion());
+    QString tip = QStringLiteral("TORVANE  Ver %1.%2").arg(v.majorVersion()).arg(v.minorVersion());
+    if (v.microVersion() >= 1)
+        tip += QString::number(v.microVersion());
+    tray_->setToolTip(tip);
+    tray_->show();
+}
+
+void frmMain::RemoveTaskIcon()
+{
+    if (tray_)
+        tray_->hide();
+}
+
+void frmMain::TrayOpen()
+{
+    Qt::WindowStates s = Qt::WindowNoState;
+    if (TrayWindowState == 2)
+        s = Qt::WindowMaximized;
+    setWindowState(s);
+    setVisible(true);
+    raise();
+    activateWindow();
+}
+
+void frmMain::ShowCfgDialog()
+{
+    if (showCfgDialog)
+        showCfgDialog(*this);
+}
+
+QString frmMain::SelectedKey()
+{
+    return catalogue_ ? catalogue_->SelectedKey(*this) : QString();
+}
+
+std::array<float, 6> frmMain::ColumnWidths()
+{
+    const double tpp = TwipsPerPixel();
+    std::array<float, 6> w{};
+    for (int i = 0; i < 6; ++i)
+        w[i] = static_cast<float>(lstD88->columnWidth(i) * tpp);
+    return w;
+}
+
+int frmMain::WindowState()
+{
+    if (isMinimized())
+        return 1;
+    if (isMaximized())
+        return 2;
+    return 0;
+}
+
+void frmMain::RestoreNormalVisible()
+{
+    setWindowState(Qt::WindowNoState);
+    setVisible(true);
+}
+
+std::array<float, 4> frmMain::WindowGeometry()
+{
+    const double tpp = TwipsPerPixel();
+    const QRect g = frameGeometry();
+    return {static_cast<float>(height() * tpp), static_cast<float>(width() * tpp),
+            static_cast<float>(g.x() * tpp), static_cast<float>(g.y() * tpp)};
+}
+
+void frmMain::UnloadOtherForms()
+{
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w != this && w->objectName() != QStringLiteral("frmMain") && w->isVisible())
+            w->close();
+}
+
+void frmMain::closeEvent(QCloseEvent* e)
+{
+    if (startup_ && !unloaded_) {
+        unloaded_ = true;
+        startup_->FormUnload();
+    }
+    e->accept();
+}
+
+void frmMain::changeEvent(QEvent* e)
+{
+    // Form_Resize: the last state that was not minimised is what the tray restores.
+    if (e->type() == QEvent::WindowStateChange && !isMinimized())
+        TrayWindowState = isMaximized() ? 2 : 0;
+    QMainWindow::changeEvent(e);
+}
+
+} // namespace tv

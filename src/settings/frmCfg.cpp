@@ -1,0 +1,591 @@
+#include "settings/frmCfg.h"
+
+#include "data/Cfg.h"
+#include "platform/MsgBox.h"
+#include "settings/frmDirSansyo.h"
+#include "shell/Globals.h"
+#include "shell/SubFunction.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFrame>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStandardItemModel>
+#include <QTabBar>
+#include <QVBoxLayout>
+
+namespace tv {
+
+struct frmCfg::Emu {
+    const char* key; // chk<key>Use, fra<key>Use, txt<key>Dir, cmd<key>Dir
+    int family;
+    int listIndex; // entry of cbxDefEmuRun
+    const char* listName;
+    const char* caption;
+    uint8_t CfgRecord::*use;
+    QString CfgRecord::*dir;
+    const char* saveKey; // txt<saveKey>SaveDir, or null
+    QString CfgRecord::*saveDir;
+    const char* flagKey; // chk<flagKey>CfgChk and chk<flagKey>AllScr, or null
+    uint8_t CfgRecord::*cfgChk;
+    uint8_t CfgRecord::*allScr;
+    const char* opButton; // or null
+    const char* opText;   // or null
+    SelectKind kind;
+};
+
+using R = CfgRecord;
+
+// In the order of the families' lists.
+static const frmCfg::Emu kEmus[] = {
+    {"P88sr", 0, 1, "P88SR", "P88SRを使用する", &R::P88srUse, &R::P88srDir, "P88", &R::P88SaveDir,
+     nullptr, nullptr, nullptr, "cmdP88srOp", "txtP88srOp", SelectKind::P88sr},
+    {"M88", 0, 2, "M88", "M88を使用する", &R::M88Use, &R::M88Dir, "M88", &R::M88SaveDir, "M88",
+     &R::M88CfgChk, &R::M88AllScr, "cmdM88Op", nullptr, SelectKind::M88},
+    {"PC88Win", 0, 3, "PC88Win", "PC88Winを使用する", &R::PC88WinUse, &R::PC88WinDir, nullptr,
+     nullptr, "Pc8", &R::Pc8CfgChk, &R::Pc8AllScr, "cmdPc8Op", nullptr, SelectKind::PC88Win},
+    {"X88k", 0, 4, "X88000", "X88000を使用する", &R::X88kUse, &R::X88kDir, nullptr, nullptr, "X88",
+     &R::X88CfgChk, &R::X88AllScr, "cmdX88Op", nullptr, SelectKind::X88k},
+    {"QUASI88", 0, 5, "QUASI88", "QUASI88を使用する", &R::QUASI88Use, &R::QUASI88Dir, "QUASI88",
+     &R::QUASI88SaveDir, "Q88", &R::Q88CfgChk, &R::Q88AllScr, "cmdQ88Op", nullptr,
+     SelectKind::QUASI88},
+    {"J80", 0, 6, "j80", "j80を使用する", &R::J80Use, &R::J80Dir, nullptr, nullptr, "J80",
+     &R::J80CfgChk, &R::J80AllScr, "cmdJ80Op", nullptr, SelectKind::J80},
+    {"Xm7Dos", 1, 1, "XM7 for DOS", "XM7 for DOSを使用する", &R::Xm7DosUse, &R::Xm7DosDir, "Xm7Dos",
+     &R::Xm7DosSaveDir, nullptr, nullptr, nullptr, nullptr, nullptr, SelectKind::Xm7Dos},
+    {"Xm7Win", 1, 2, "XM7 for Win32", "XM7 for Win32を使用する", &R::Xm7WinUse, &R::Xm7WinDir,
+     "Xm7Win", &R::Xm7WinSaveDir, "Xm7Win", &R::Xm7WinCfgChk, &R::Xm7WinAllScr, "cmdXm7WinOp",
+     nullptr, SelectKind::Xm7Win},
+    {"Em7Win", 1, 3, "Em7 for Win32", "EM7 for Win32を使用する", &R::Em7WinUse, &R::Em7WinDir,
+     nullptr, nullptr, "Em7Win", &R::Em7WinCfgChk, &R::Em7WinAllScr, "cmdEm7WinOp", nullptr,
+     SelectKind::Em7Win},
+    {"X1r", 2, 1, "X1R", "X1EMU Real (X1R)を使用する", &R::X1rUse, &R::X1rDir, nullptr, nullptr,
+     nullptr, nullptr, nullptr, "cmdX1rOp", "txtX1rOp", SelectKind::X1r},
+    {"Xmil", 2, 2, "Xmillennium", "X millenniumを使用する", &R::XmilUse, &R::XmilDir, "Xmil",
+     &R::XmilSaveDir, "Xmil", &R::XmilCfgChk, &R::XmilAllScr, "cmdXmilOp", nullptr,
+     SelectKind::Xmil},
+    {"X1emu", 2, 3, "X1EMU", "X1EMUを使用する", &R::X1emuUse, &R::X1emuDir, nullptr, nullptr,
+     nullptr, nullptr, nullptr, "cmdX1emuOp", "txtX1emuOp", SelectKind::X1emu},
+    {"WinX1", 2, 4, "WinX1", "WinX1を使用する", &R::WinX1Use, &R::WinX1Dir, "WinX1",
+     &R::WinX1SaveDir, "WinX1", &R::WinX1CfgChk, &R::WinX1AllScr, "cmdWinX1Op", nullptr,
+     SelectKind::WinX1},
+};
+
+namespace {
+
+QString S(const char* s)
+{
+    return QString::fromUtf8(s);
+}
+
+QString Idx(const char* name, int i)
+{
+    return S(name) + QStringLiteral("(%1)").arg(i);
+}
+
+const QString kBrowse = QStringLiteral("参照");
+
+} // namespace
+
+std::function<QString(SelectKind, QWidget*)> frmCfg::SelectFileFn = &frmCfg::SelectFile;
+std::function<bool(QString&, QWidget*)> frmCfg::PickDirFn = [](QString& path, QWidget* owner) {
+    return InitDirSansyo(path, owner);
+};
+
+std::map<QString, std::function<void(QWidget*)>>& frmCfg::OptionDialogs()
+{
+    static std::map<QString, std::function<void(QWidget*)>> m;
+    return m;
+}
+
+std::map<QString, std::function<QString()>>& frmCfg::OptionTexts()
+{
+    static std::map<QString, std::function<QString()>> m;
+    return m;
+}
+
+QString frmCfg::SelectFile(SelectKind kind, QWidget* owner)
+{
+    return QFileDialog::getOpenFileName(owner, kSelectFileTitle, QString(),
+                                        QtFilterText(SelectFileFilter(kind)));
+}
+
+frmCfg::frmCfg(QWidget* parent) : QDialog(parent)
+{
+    setObjectName(QStringLiteral("frmCfg"));
+    setWindowTitle(QStringLiteral("Emulator基本設定"));
+    setModal(true);
+
+    auto* v = new QVBoxLayout(this);
+    tbsHardWare = new QTabBar(this);
+    tbsHardWare->setObjectName(QStringLiteral("tbsHardWare"));
+    tbsHardWare->addTab(QStringLiteral("PC-8x01"));
+    tbsHardWare->addTab(QStringLiteral("FM-7"));
+    tbsHardWare->addTab(QStringLiteral("X1"));
+    tbsHardWare->setExpanding(false);
+    pages = new QStackedWidget(this);
+    pages->setObjectName(QStringLiteral("stkHardWare"));
+    v->addWidget(tbsHardWare);
+    v->addWidget(pages, 1);
+    for (int i = 0; i < 3; ++i)
+        BuildFamilyPage(i);
+    connect(tbsHardWare, &QTabBar::currentChanged, pages, &QStackedWidget::setCurrentIndex);
+
+    auto* buttons = new QHBoxLayout;
+    auto mk = [this](const char* name, const char* caption) {
+        auto* b = new QPushButton(S(caption), this);
+        b->setObjectName(S(name));
+        b->setAutoDefault(false);
+        return b;
+    };
+    cmdHelpContext = mk("cmdHelpContext", "ﾍﾙﾌﾟ(&H)");
+    cmdHelpContext->setEnabled(false); // the help file comes with the help system
+    cmdOK = mk("cmdOK", "OK");
+    cmdCancel = mk("cmdCancel", "ｷｬﾝｾﾙ");
+    cmdApply = mk("cmdApply", "適用(&A)");
+    buttons->addWidget(cmdHelpContext);
+    buttons->addStretch(1);
+    buttons->addWidget(cmdOK);
+    buttons->addWidget(cmdCancel);
+    buttons->addWidget(cmdApply);
+    v->addLayout(buttons);
+    connect(cmdOK, &QPushButton::clicked, this, [this] { StoreCfg(true); });
+    connect(cmdApply, &QPushButton::clicked, this, [this] { StoreCfg(false); });
+    connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+
+    LoadFromCfg();
+    tbsHardWare->setCurrentIndex(HardWare <= 2 ? HardWare : 0);
+}
+
+frmCfg::~frmCfg() = default;
+
+void frmCfg::BuildFamilyPage(int family)
+{
+    auto* page = new QFrame;
+    page->setObjectName(Idx("fraHardWare", family));
+    fraHardWare[family] = page;
+    pages->addWidget(page);
+    auto* v = new QVBoxLayout(page);
+    v->setContentsMargins(4, 4, 4, 4);
+
+    auto* dirs = new QGroupBox(FamilyName(family), page);
+    dirs->setObjectName(Idx("fraDir", family));
+    auto* g = new QGridLayout(dirs);
+    g->setVerticalSpacing(3);
+    auto dirRow = [&](int row, const char* name, const char* cmdName, const char* caption,
+                      std::array<QLineEdit*, 3>& arr) {
+        auto* l = new QLabel(S(caption), dirs);
+        auto* t = new QLineEdit(dirs);
+        t->setObjectName(Idx(name, family));
+        auto* b = new QPushButton(kBrowse, dirs);
+        b->setObjectName(Idx(cmdName, family));
+        b->setAutoDefault(false);
+        arr[family] = t;
+        g->addWidget(l, row, 0);
+        g->addWidget(t, row, 1);
+        g->addWidget(b, row, 2);
+        connect(b, &QPushButton::clicked, this, [this, t] {
+            QString path = VbTrim(t->text());
+            if (PickDirFn && PickDirFn(path, this))
+                t->setText(path);
+        });
+    };
+    dirRow(0, "txtImageDir", "cmdImageDir", "イメージファイルDIR", txtImageDir);
+    dirRow(1, "txtSnapDir", "cmdSnapDir", "ScreenShot&&生成ﾌｧｲﾙDIR", txtSnapDir);
+    dirRow(2, "txtPatSaveDir", "cmdPatSaveDir", "*.PATファイルDIR", txtPatSaveDir);
+    dirRow(3, "txtManDir", "cmdManDir", "マニュアルファイルDIR", txtManDir);
+    // "&&" shows one "&" in a label with a mnemonic; this label has none, so plain text.
+    static_cast<QLabel*>(g->itemAtPosition(1, 0)->widget())
+        ->setText(QStringLiteral("ScreenShot&生成ﾌｧｲﾙDIR"));
+
+    auto* row = new QHBoxLayout;
+    row->addWidget(new QLabel(QStringLiteral("Default起動Emulator"), dirs));
+    auto* cbx = new QComboBox(dirs);
+    cbx->setObjectName(Idx("cbxDefEmuRun", family));
+    cbx->addItem(QStringLiteral("未設定"));
+    for (int k = 0; k < int(std::size(kEmus)); ++k)
+        if (kEmus[k].family == family)
+            cbx->addItem(S(kEmus[k].listName));
+    cbx->setMinimumWidth(150);
+    cbxDefEmuRun[family] = cbx;
+    row->addWidget(cbx);
+    row->addSpacing(16);
+    chkParUse[family] = new QCheckBox(QStringLiteral("PAR機能を使用する"), dirs);
+    chkParUse[family]->setObjectName(Idx("chkParUse", family));
+    chkDefOpt[family] = new QCheckBox(QStringLiteral("ﾃﾞﾌｫﾙﾄｵﾌﾟｼｮﾝ起動"), dirs);
+    chkDefOpt[family]->setObjectName(Idx("chkDefOpt", family));
+    row->addWidget(chkParUse[family]);
+    row->addWidget(chkDefOpt[family]);
+    row->addStretch(1);
+    g->addLayout(row, 4, 0, 1, 3);
+    connect(chkDefOpt[family], &QCheckBox::toggled, this,
+            [this, family] { chkDefOpt_Click(family); });
+    connect(chkParUse[family], &QCheckBox::toggled, this,
+            [this, family] { chkParUse_Click(family); });
+
+    if (family == 0) {
+        auto* pan = new QHBoxLayout;
+        txtFmPanFile = new QLineEdit(dirs);
+        txtFmPanFile->setObjectName(QStringLiteral("txtFmPanFile"));
+        auto* b = new QPushButton(QStringLiteral("FMPAN.D88ファイル指定"), dirs);
+        b->setObjectName(QStringLiteral("cmdFmPanFile"));
+        b->setAutoDefault(false);
+        chkFmPanUse = new QCheckBox(QStringLiteral("PAN機能を使用する"), dirs);
+        chkFmPanUse->setObjectName(QStringLiteral("chkFmPanUse"));
+        pan->addWidget(txtFmPanFile, 1);
+        pan->addWidget(b);
+        pan->addWidget(chkFmPanUse);
+        g->addWidget(new QLabel(QStringLiteral("FMPAN.D88"), dirs), 5, 0);
+        g->addLayout(pan, 5, 1, 1, 2);
+        connect(b, &QPushButton::clicked, this, [this] {
+            const QString f = SelectFileFn ? SelectFileFn(SelectKind::FmPan, this) : QString();
+            if (!f.isEmpty())
+                txtFmPanFile->setText(f);
+        });
+        connect(txtFmPanFile, &QLineEdit::textChanged, this, [this] { UpdateFmPanRule(); });
+    }
+    v->addWidget(dirs);
+
+    auto* grid = new QGridLayout;
+    grid->setSpacing(4);
+    int n = 0;
+    for (int k = 0; k < int(std::size(kEmus)); ++k) {
+        if (kEmus[k].family != family)
+            continue;
+        grid->addWidget(BuildEmuFrame(kEmus[k], page), n / 2, n % 2);
+        ++n;
+    }
+    v->addLayout(grid);
+    v->addStretch(1);
+}
+
+QFrame* frmCfg::BuildEmuFrame(const Emu& e, QWidget* parent)
+{
+    const QString key = S(e.key);
+    auto* box = new QFrame(parent);
+    box->setObjectName(QStringLiteral("fraBox") + key);
+    box->setFrameShape(QFrame::StyledPanel);
+    auto* v = new QVBoxLayout(box);
+    v->setContentsMargins(6, 4, 6, 4);
+    v->setSpacing(2);
+    auto* use = new QCheckBox(S(e.caption), box);
+    use->setObjectName(QStringLiteral("chk") + key + QStringLiteral("Use"));
+    QFont bold = use->font();
+    bold.setBold(true);
+    use->setFont(bold);
+    v->addWidget(use);
+
+    auto* fra = new QFrame(box);
+    fra->setObjectName(QStringLiteral("fra") + key + QStringLiteral("Use"));
+    auto* g = new QGridLayout(fra);
+    g->setContentsMargins(12, 0, 0, 0);
+    g->setVerticalSpacing(2);
+    int row = 0;
+    auto textRow = [&](const QString& label, const QString& txtName, const QString& cmdName) {
+        g->addWidget(new QLabel(label, fra), row, 0);
+        auto* t = new QLineEdit(fra);
+        t->setObjectName(txtName);
+        g->addWidget(t, row, 1);
+        QPushButton* b = nullptr;
+        if (!cmdName.isEmpty()) {
+            b = new QPushButton(kBrowse, fra);
+            b->setObjectName(cmdName);
+            b->setAutoDefault(false);
+            g->addWidget(b, row, 2);
+        }
+        ++row;
+        return std::make_pair(t, b);
+    };
+    // Executable buttons: the box takes the directory of the chosen program.
+    auto exeButton = [this](QLineEdit* t, QPushButton* b, SelectKind kind) {
+        connect(b, &QPushButton::clicked, this, [this, t, kind] {
+            const QString f = SelectFileFn ? SelectFileFn(kind, this) : QString();
+            if (!f.isEmpty())
+                t->setText(GetFileDir(f));
+        });
+    };
+    auto [dirTxt, dirCmd] =
+        textRow(QStringLiteral("EXE"), QStringLiteral("txt") + key + QStringLiteral("Dir"),
+                QStringLiteral("cmd") + key + QStringLiteral("Dir"));
+    exeButton(dirTxt, dirCmd, e.kind);
+    if (key == QStringLiteral("WinX1"))
+        connect(dirTxt, &QLineEdit::textChanged, this, [this] { UpdateIkaRule(); });
+    if (key == QStringLiteral("Xmil")) {
+        auto [t, b] = textRow(QStringLiteral("T/Ika"), QStringLiteral("txtXmilTDir"),
+                              QStringLiteral("cmdXmilTDir"));
+        exeButton(t, b, SelectKind::Xmil);
+        connect(t, &QLineEdit::textChanged, this, [this] { UpdateXmilTRule(); });
+    }
+    if (e.saveKey) {
+        auto [t, b] = textRow(QStringLiteral("Save"),
+                              QStringLiteral("txt") + S(e.saveKey) + QStringLiteral("SaveDir"),
+                              QStringLiteral("cmd") + S(e.saveKey) + QStringLiteral("SaveDir"));
+        connect(b, &QPushButton::clicked, this, [this, t] {
+            QString path = VbTrim(t->text());
+            if (PickDirFn && PickDirFn(path, this))
+                t->setText(path);
+        });
+    }
+    if (e.opText) {
+        auto [t, b] = textRow(QStringLiteral("Def"), S(e.opText), QString());
+        t->setReadOnly(true);
+    }
+    auto* flags = new QHBoxLayout;
+    flags->setSpacing(8);
+    if (e.flagKey) {
+        auto* c = new QCheckBox(QStringLiteral("既存INI使用"), fra);
+        c->setObjectName(QStringLiteral("chk") + S(e.flagKey) + QStringLiteral("CfgChk"));
+        auto* a = new QCheckBox(QStringLiteral("全画面起動"), fra);
+        a->setObjectName(QStringLiteral("chk") + S(e.flagKey) + QStringLiteral("AllScr"));
+        flags->addWidget(c);
+        flags->addWidget(a);
+    }
+    auto extraCheck = [&](const char* name, const char* caption) {
+        auto* c = new QCheckBox(S(caption), fra);
+        c->setObjectName(S(name));
+        flags->addWidget(c);
+        return c;
+    };
+    if (key == QStringLiteral("QUASI88"))
+        extraCheck("chkQ88CompatRomUse", "PC88.ROM使用");
+    if (key == QStringLiteral("Xmil"))
+        extraCheck("chkXmilTUse", "T・IkaTune常用");
+    if (key == QStringLiteral("WinX1"))
+        extraCheck("chkWinX1IkaUse", "Ika風味使用");
+    flags->addStretch(1);
+    auto opButton = [&](const QString& name, const QString& caption) {
+        auto* b = new QPushButton(caption, fra);
+        b->setObjectName(name);
+        b->setAutoDefault(false);
+        auto it = OptionDialogs().find(name);
+        b->setEnabled(it != OptionDialogs().end());
+        if (it != OptionDialogs().end()) {
+            auto fn = it->second;
+            connect(b, &QPushButton::clicked, this, [this, fn] {
+                fn(this);
+                RefreshOptionTexts();
+            });
+        }
+        flags->addWidget(b);
+    };
+    if (key == QStringLiteral("J80"))
+        opButton(QStringLiteral("cmdJ80File"), QStringLiteral("ROM 設定"));
+    if (e.opButton)
+        opButton(S(e.opButton), QStringLiteral("Def 設定"));
+    g->addLayout(flags, row, 0, 1, 3);
+    v->addWidget(fra);
+
+    connect(use, &QCheckBox::toggled, this, [this, &e] { chkUse_Click(e); });
+    return box;
+}
+
+void frmCfg::chkUse_Click(const Emu& e)
+{
+    const QString key = S(e.key);
+    const bool on =
+        Ctl<QCheckBox>(QStringLiteral("chk") + key + QStringLiteral("Use"))->isChecked();
+    Ctl<QFrame>(QStringLiteral("fra") + key + QStringLiteral("Use"))->setEnabled(on);
+    if (auto* m = qobject_cast<QStandardItemModel*>(cbxDefEmuRun[e.family]->model()))
+        m->item(e.listIndex)->setEnabled(on);
+    if (key == QStringLiteral("WinX1"))
+        UpdateIkaRule();
+}
+
+void frmCfg::chkDefOpt_Click(int index)
+{
+    if (mirroring_)
+        return;
+    mirroring_ = true;
+    for (int i = 0; i < 3; ++i)
+        if (i != index)
+            chkDefOpt[i]->setChecked(chkDefOpt[index]->isChecked());
+    mirroring_ = false;
+}
+
+void frmCfg::chkParUse_Click(int index)
+{
+    if (mirroring_)
+        return;
+    mirroring_ = true;
+    for (int i = 0; i < 3; ++i)
+        if (i != index)
+            chkParUse[i]->setChecked(chkParUse[index]->isChecked());
+    mirroring_ = false;
+}
+
+void frmCfg::UpdateIkaRule()
+{
+    auto* ika = Ctl<QCheckBox>(QStringLiteral("chkWinX1IkaUse"));
+    const QString dir = VbTrim(Ctl<QLineEdit>(QStringLiteral("txtWinX1Dir"))->text());
+    const bool there =
+        !dir.isEmpty() && !FindFile(dir + QStringLiteral("/WinX1_ika.exe")).isEmpty();
+    ika->setEnabled(there);
+    if (!there)
+        ika->setChecked(false);
+}
+
+void frmCfg::UpdateXmilTRule()
+{
+    const QString dir = VbTrim(Ctl<QLineEdit>(QStringLiteral("txtXmilTDir"))->text());
+    Ctl<QCheckBox>(QStringLiteral("chkXmilTUse"))
+        ->setEnabled(!dir.isEmpty() &&
+                     !FindFile(dir + QStringLiteral("/Xmillennium.exe")).isEmpty());
+}
+
+void frmCfg::UpdateFmPanRule()
+{
+    const QString f = VbTrim(txtFmPanFile->text());
+    chkFmPanUse->setEnabled(!f.isEmpty() && !FindFile(f).isEmpty());
+}
+
+void frmCfg::RefreshOptionTexts()
+{
+    for (const auto& [name, fn] : OptionTexts())
+        if (auto* t = Ctl<QLineEdit>(name))
+            t->setText(fn());
+}
+
+void frmCfg::LoadFromCfg()
+{
+    // Flags first: the text boxes' change rules may then clear what no longer applies.
+    for (const auto& e : kEmus) {
+        const QString key = S(e.key);
+        Ctl<QCheckBox>(QStringLiteral("chk") + key + QStringLiteral("Use"))
+            ->setChecked(Cfg.*e.use == 1);
+        if (e.flagKey) {
+            Ctl<QCheckBox>(QStringLiteral("chk") + S(e.flagKey) + QStringLiteral("CfgChk"))
+                ->setChecked(Cfg.*e.cfgChk == 1);
+            Ctl<QCheckBox>(QStringLiteral("chk") + S(e.flagKey) + QStringLiteral("AllScr"))
+                ->setChecked(Cfg.*e.allScr == 1);
+        }
+    }
+    Ctl<QCheckBox>(QStringLiteral("chkQ88CompatRomUse"))->setChecked(Cfg.Q88CompatRomUse == 1);
+    Ctl<QCheckBox>(QStringLiteral("chkXmilTUse"))->setChecked(Cfg.XmilTUse == 1);
+    Ctl<QCheckBox>(QStringLiteral("chkWinX1IkaUse"))->setChecked(Cfg.WinX1IkaUse == 1);
+    chkFmPanUse->setChecked(Cfg.PanUse == 1);
+    chkParUse[0]->setChecked(Cfg.PatUse == 1);
+    chkDefOpt[0]->setChecked(Cfg.DefOpt == 1);
+    // The mirroring only runs on a change; make the three equal whatever the start state.
+    chkParUse_Click(0);
+    chkDefOpt_Click(0);
+
+    for (int i = 0; i < 3; ++i) {
+        txtImageDir[i]->setText(VbTrim(Cfg.ImageDir[i]));
+        txtSnapDir[i]->setText(VbTrim(Cfg.SnapDir[i]));
+        txtPatSaveDir[i]->setText(VbTrim(Cfg.PatSaveDir[i]));
+        txtManDir[i]->setText(VbTrim(Cfg.ManDir[i]));
+    }
+    for (const auto& e : kEmus) {
+        Ctl<QLineEdit>(QStringLiteral("txt") + S(e.key) + QStringLiteral("Dir"))
+            ->setText(VbTrim(Cfg.*e.dir));
+        if (e.saveKey)
+            Ctl<QLineEdit>(QStringLiteral("txt") + S(e.saveKey) + QStringLiteral("SaveDir"))
+                ->setText(VbTrim(Cfg.*e.saveDir));
+    }
+    Ctl<QLineEdit>(QStringLiteral("txtXmilTDir"))->setText(VbTrim(Cfg.XmilTDir));
+    txtFmPanFile->setText(VbTrim(Cfg.FmPanFile));
+    UpdateXmilTRule();
+    UpdateFmPanRule();
+
+    const uint8_t def[3] = {Cfg.CfgEmuOpt88.DefEmuRun, Cfg.CfgEmuOptFM.DefEmuRun,
+                            Cfg.CfgEmuOptX1.DefEmuRun};
+    for (int i = 0; i < 3; ++i)
+        cbxDefEmuRun[i]->setCurrentIndex(def[i] < cbxDefEmuRun[i]->count() ? def[i] : 0);
+    for (const auto& e : kEmus)
+        chkUse_Click(e);
+    RefreshOptionTexts();
+}
+
+bool frmCfg::StoreCfg(bool unload)
+{
+    // A path longer than its field would be cut on disk: refuse it before it gets there.
+    const auto edits = findChildren<QLineEdit*>();
+    for (QLineEdit* t : edits) {
+        if (t->isReadOnly() || FitsCfgPath(t->text()))
+            continue;
+        for (int i = 0; i < 3; ++i)
+            if (fraHardWare[i]->isAncestorOf(t))
+                tbsHardWare->setCurrentIndex(i);
+        t->setFocus();
+        MsgBox(kPathTooLong, MbExclamation);
+        errFlag_ = true;
+        return false;
+    }
+    auto text = [this](const QString& name) { return VbTrim(Ctl<QLineEdit>(name)->text()); };
+    auto flag = [this](const QString& name) -> uint8_t {
+        return Ctl<QCheckBox>(name)->isChecked() ? 1 : 0;
+    };
+
+    for (int i = 0; i < 3; ++i) {
+        Cfg.ImageDir[i] = VbTrim(txtImageDir[i]->text());
+        Cfg.SnapDir[i] = VbTrim(txtSnapDir[i]->text());
+        Cfg.PatSaveDir[i] = VbTrim(txtPatSaveDir[i]->text());
+        Cfg.ManDir[i] = VbTrim(txtManDir[i]->text());
+    }
+    for (const auto& e : kEmus) {
+        Cfg.*e.dir = text(QStringLiteral("txt") + S(e.key) + QStringLiteral("Dir"));
+        if (e.saveKey)
+            Cfg.*e.saveDir = text(QStringLiteral("txt") + S(e.saveKey) + QStringLiteral("SaveDir"));
+    }
+    Cfg.XmilTDir = text(QStringLiteral("txtXmilTDir"));
+    Cfg.FmPanFile = VbTrim(txtFmPanFile->text());
+
+    for (const auto& e : kEmus) {
+        Cfg.*e.use = flag(QStringLiteral("chk") + S(e.key) + QStringLiteral("Use"));
+        if (e.flagKey) {
+            Cfg.*e.cfgChk = flag(QStringLiteral("chk") + S(e.flagKey) + QStringLiteral("CfgChk"));
+            Cfg.*e.allScr = flag(QStringLiteral("chk") + S(e.flagKey) + QStringLiteral("AllScr"));
+        }
+    }
+    Cfg.Q88CompatRomUse = flag(QStringLiteral("chkQ88CompatRomUse"));
+    Cfg.XmilTUse = flag(QStringLiteral("chkXmilTUse"));
+    Cfg.WinX1IkaUse = flag(QStringLiteral("chkWinX1IkaUse"));
+    Cfg.PanUse = chkFmPanUse->isChecked() ? 1 : 0;
+    Cfg.PatUse = chkParUse[0]->isChecked() ? 1 : 0;
+    Cfg.DefOpt = chkDefOpt[0]->isChecked() ? 1 : 0;
+
+    auto pos = [this](int i) -> uint8_t {
+        return static_cast<uint8_t>(qMax(0, cbxDefEmuRun[i]->currentIndex()));
+    };
+    Cfg.CfgEmuOpt88.DefEmuRun = pos(0);
+    Cfg.CfgEmuOptFM.DefEmuRun = pos(1);
+    Cfg.CfgEmuOptX1.DefEmuRun = pos(2);
+
+    if (!ValidateCfg()) {
+        errFlag_ = true;
+        return false;
+    }
+    errFlag_ = false;
+    if (!SaveCfg()) {
+        MsgBox(QStringLiteral("TORVANE.CFG を書き込めませんでした"), MbExclamation);
+        errFlag_ = true;
+        return false;
+    }
+    ResolveCfgDirs();
+    if (onStored)
+        onStored();
+    MsgBox(QStringLiteral("設定を保存しました！"), MbInformation);
+    CfgReady = 1;
+    stored_ = true;
+    if (unload)
+        accept();
+    return true;
+}
+
+void frmCfg::done(int r)
+{
+    if (!unloaded_) {
+        unloaded_ = true;
+        CfgDialogUnload(stored_);
+    }
+    QDialog::done(r);
+}
+
+} // namespace tv

@@ -1,0 +1,313 @@
+#include "shell/Startup.h"
+
+#include "data/Cfg.h"
+#include "platform/MsgBox.h"
+#include "shell/Globals.h"
+#include "shell/SubFunction.h"
+#include "shell/ValidateCfg.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <exception>
+
+namespace tv {
+
+QString TrimTrailingSeparators(QString path)
+{
+    while (path.size() > 1 && (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\'))))
+        path.chop(1);
+    return path;
+}
+
+int32_t SeekPointerOfKey(const QString& key)
+{
+    bool ok = false;
+    const int32_t v = key.mid(1).toInt(&ok);
+    return ok ? v : 0;
+}
+
+namespace {
+
+// A refused start: one box, then StartFail, then the process ends.
+struct Refusal {
+    QString text;
+};
+
+QString cfgPath()
+{
+    return AppDir + QStringLiteral("/") + kCfgFileName;
+}
+
+bool dirExists(const QString& path)
+{
+    return !FindFile(path, kAttrDirectory).isEmpty();
+}
+
+} // namespace
+
+Startup::Startup(StartupUi& ui, StartupEnv env) : ui_(ui), env_(std::move(env))
+{
+    if (!env_.sleep)
+        env_.sleep = [](int ms) { SleepMs(ms); };
+    if (!env_.yield)
+        env_.yield = [] { DoEvents(); };
+}
+
+void Startup::Refuse(const QString& text)
+{
+    throw Refusal{text};
+}
+
+bool Startup::FormLoad()
+{
+    try {
+        return Run();
+    } catch (const Refusal& r) {
+        MsgBox(r.text, MbExclamation, StartupText::LoadError);
+        StartFail();
+        return false;
+    } catch (...) {
+        MsgBox(StartupText::Unexpected, MbOkOnly);
+        return false;
+    }
+}
+
+bool Startup::Run()
+{
+    // The directories of an earlier start in this process mean nothing to this one.
+    WorkDir.clear();
+    PeekDir.clear();
+    CfgReady = 0;
+
+    // 1
+    ui_.LoadTitle();
+    Yield();
+    Sleep(100);
+
+    // 2
+    ui_.SetTitleMsg1(StartupText::CheckInstance);
+    Yield();
+    const QString exe = env_.executablePath.isEmpty() ? QCoreApplication::applicationFilePath()
+                                                      : env_.executablePath;
+    lock_ = AcquireInstanceLock(exe);
+    if (!lock_)
+        Refuse(StartupText::TwoInstances);
+
+    // 3
+    ui_.SetTitleMsg1(StartupText::CheckEnv);
+    Yield();
+
+    // 4, 5: a variable that names no directory refuses, even when the other one is good.
+    const QString tmp = EnvTempValue("TMP");
+    if (VbTrim(tmp).isEmpty() || FindFile(tmp, kAttrDirectory).isEmpty())
+        Refuse(StartupText::NoTmp);
+    EnvTmpDir = TrimTrailingSeparators(tmp);
+    const QString temp = EnvTempValue("TEMP");
+    if (VbTrim(temp).isEmpty() || FindFile(temp, kAttrDirectory).isEmpty())
+        Refuse(StartupText::NoTemp);
+    EnvTempDir = TrimTrailingSeparators(temp);
+
+    // 6
+    WindowsDir = GetWindowsDir();
+    if (WindowsDir.isEmpty())
+        Refuse(StartupText::NoWindowsDir);
+    SystemDir = GetSystemDir();
+    if (SystemDir.isEmpty())
+        Refuse(StartupText::NoSystemDir);
+
+    // 7
+    ui_.SetTitleMsg2(QString());
+    ui_.SetTitleMsg1(StartupText::SetVars);
+    Yield();
+    AppDir = TrimTrailingSeparators(env_.programDir.isEmpty() ? ProgramDir() : env_.programDir);
+
+    // 8
+    if (!IsSafeDir(AppDir, 3, 0))
+        Refuse(StartupText::UnsafeAppDir);
+
+    // 9
+    if (!MakeBootDir() || !MakeTempBootDir())
+        Refuse(StartupText::BootDirFailed);
+
+    // 10
+    HelpFile = AppDir + QStringLiteral("/TORVANE.HLP");
+    InitTables();
+
+    // 11
+    ui_.SetListExStyle();
+
+    // 12: the gate has spoken already when it fails, so no further box.
+    ui_.SetTitleMsg1(StartupText::ReadingCfg);
+    Yield();
+    HardWare = 0;
+    CheckCfg();
+    if (CfgReady != 1) {
+        StartFail();
+        return false;
+    }
+
+    // 13
+    ui_.ApplyCfgToWindow();
+
+    // 14: the title comes back over a closed frmCfg.
+    ui_.HideMain();
+    ui_.ShowTitle();
+    ui_.SetTitleMsg1(StartupText::ReadingLst);
+    KeyPrefix = QStringLiteral("K");
+    Yield();
+    ui_.CreateLstObj();
+
+    // 15: every family's file is checked, not only the remembered one.
+    for (int family = 0; family < 3; ++family) {
+        const QString file = AppDir + QStringLiteral("/") + kLstFileNames[family];
+        if (FindFile(file).isEmpty())
+            continue;
+        if (!ui_.InitLst(family))
+            Refuse(kLstFileNames[family] + QStringLiteral("が不正です。\n") +
+                   StartupText::LstBadLine2);
+    }
+
+    // 16, 17: errors are ignored and the start goes on.
+    HardWare = 255; // any choice counts as a change
+    try {
+        ui_.SelectFamily(Cfg.LastHardWare);
+    } catch (...) {
+    }
+    try {
+        ui_.PlaceWindow();
+    } catch (...) {
+    }
+
+    // 18: the splash stays up at least one second.
+    trayOn_ = Cfg.TaskIn == 1 && ui_.TrayAvailable();
+    if (trayOn_) {
+        Sleep(1000);
+        ui_.SetTitleMsg1(StartupText::Resident);
+        Yield();
+        ui_.SetTaskIcon();
+        if (Cfg.TaskRunForm == 1) {
+            Yield();
+            ui_.SetMainMinimized();
+            TrayWindowState = Cfg.WinState == 1 ? 0 : Cfg.WinState;
+            ui_.ShowMain();
+            Yield();
+            Sleep(1000);
+            ui_.UnloadTitle();
+            ui_.SetMainVisible();
+        } else {
+            Yield();
+            Sleep(1000);
+            ui_.UnloadTitle();
+            ui_.ShowMain();
+        }
+    } else {
+        ui_.SetTitleMsg1(StartupText::Starting);
+        Yield();
+        Sleep(1000);
+        ui_.UnloadTitle();
+        ui_.ShowMain();
+    }
+    return true;
+}
+
+bool Startup::MakeBootDir()
+{
+    WorkDir = AppDir + QStringLiteral("/TORVBOOT");
+    if (!dirExists(WorkDir))
+        return QDir().mkdir(WorkDir);
+    // A stale directory means an earlier run died during a launch: ask, never overrule.
+    if (MsgBox(StartupText::BootDirExists, MbExclamation | MbYesNo) != MbResYes)
+        return false;
+    if (!ShellDelete(WorkDir, 0))
+        return false;
+    return QDir().mkdir(WorkDir);
+}
+
+bool Startup::MakeTempBootDir()
+{
+    PeekDir = EnvTmpDir + QStringLiteral("/TORVBOOT");
+    if (dirExists(PeekDir) && !ShellDelete(PeekDir, 0))
+        return false;
+    return QDir().mkdir(PeekDir);
+}
+
+void Startup::CheckCfg()
+{
+    const QString file = cfgPath();
+    if (FindFile(file).isEmpty()) {
+        ui_.HideMain();
+        ui_.ShowTitle();
+        MsgBox(StartupText::NoCfgText, MbInformation, StartupText::NoCfgCaption);
+        SetDefaultCfg();
+        ui_.ShowCfgDialog();
+        return;
+    }
+    ClearCfg();
+    ReadCfg();
+    if (Cfg.CfgVersion.right(4) != kCfgVersion) {
+        if (MsgBox(StartupText::CfgVersionDiffers, MbExclamation | MbYesNo) != MbResYes) {
+            MsgBox(StartupText::CfgUpdateHint, MbExclamation, StartupText::CfgVersionCaption);
+            return;
+        }
+        ShellCopy(file, AppDir + QStringLiteral("/") + kCfgBackupName, 0);
+        ShellDelete(file, 0);
+        ui_.ShowTitle();
+        SetDefaultCfg();
+        ui_.ShowCfgDialog();
+        return;
+    }
+    ResolveCfgDirs();
+    if (ValidateCfg()) {
+        CfgReady = 1;
+        return;
+    }
+    CfgReady = 0;
+    ui_.ShowTitle();
+    ui_.ShowCfgDialog();
+}
+
+void Startup::StartFail()
+{
+    // Leave the directory first: the process may sit in the one that is to go.
+    if (!WorkDir.isEmpty()) {
+        QDir::setCurrent(AppDir);
+        QDir().rmdir(WorkDir); // only an empty one: a leftover the user kept stays
+    }
+    ui_.HideMain();
+    ui_.ShowTitle();
+    ui_.SetTitleMsg1(StartupText::StartFailed);
+    Yield();
+    Sleep(1000);
+}
+
+void Startup::FormUnload()
+{
+    if (!FindFile(cfgPath()).isEmpty() && CfgReady == 1) {
+        const QString key = ui_.SelectedKey();
+        Cfg.LstSelectPos = (Cfg.LstSelectSave == 1 && !key.isEmpty()) ? SeekPointerOfKey(key) : 0;
+        if (HardWare <= 2)
+            Cfg.LastHardWare = HardWare;
+        Cfg.ColWidth = ui_.ColumnWidths();
+        Cfg.WinState = static_cast<uint8_t>(ui_.WindowState());
+        // Size and position are read from the restored window.
+        if (Cfg.WinState != 0)
+            ui_.RestoreNormalVisible();
+        const auto g = ui_.WindowGeometry();
+        Cfg.WinHeight = g[0];
+        Cfg.WinWidth = g[1];
+        Cfg.WinLeft = g[2];
+        Cfg.WinTop = g[3];
+        SaveCfg();
+    }
+    if (trayOn_)
+        ui_.RemoveTaskIcon();
+    QDir::setCurrent(AppDir);
+    // A directory that can't go (files left by a launch) ends the procedure here; the next
+    // start meets it in MakeBootDir.
+    if (!WorkDir.isEmpty() && dirExists(WorkDir) && !QDir().rmdir(WorkDir))
+        return;
+    ui_.ReleaseLstObj();
+    ui_.UnloadOtherForms();
+}
+
+} // namespace tv

@@ -1,0 +1,142 @@
+#pragma once
+// Start-up and shut-down of the program: the steps between the process start and the moment
+// the main window takes input, the configuration gate, and what is stored at exit. The windows
+// are reached through StartupUi, so the whole sequence runs headless in tests.
+#include "platform/Platform.h"
+
+#include <QString>
+#include <array>
+#include <functional>
+#include <memory>
+
+namespace tv {
+
+// Texts shown by the start-up, exactly as the user sees them.
+namespace StartupText {
+inline const QString LoadError = QStringLiteral("APP Load Error");
+inline const QString Unexpected = QStringLiteral("予期せぬエラーで起動できません");
+inline const QString CheckInstance = QStringLiteral("同時起動チェック．．．");
+inline const QString TwoInstances =
+    QStringLiteral("同一ディレクトリ内のTORVANEは複数立ち上げできません");
+inline const QString CheckEnv = QStringLiteral("環境変数 および 必要dllを調査．．．");
+inline const QString NoTmp = QStringLiteral("Windowsの環境変数であるTMPがありません");
+inline const QString NoTemp = QStringLiteral("Windowsの環境変数であるTEMPがありません");
+inline const QString NoWindowsDir = QStringLiteral("Windowsディレクトリがありません");
+inline const QString NoSystemDir = QStringLiteral("SYSTEMディレクトリがありません");
+inline const QString SetVars = QStringLiteral("内部変数の設定．．．");
+inline const QString UnsafeAppDir =
+    QStringLiteral("TORVANE は Windows・SYSTEM・TEMP・TMPディレクトリの配下\n"
+                   "または ネットワークからでは起動できません");
+inline const QString BootDirFailed = QStringLiteral("解凍・圧縮ディレクトリの作成に失敗しました");
+inline const QString ReadingCfg = QStringLiteral("TORVANE.CFGを読込中．．．");
+inline const QString ReadingLst = QStringLiteral("TORVANE.Lxxを読込中．．．");
+inline const QString LstBadLine2 = QStringLiteral("RECASTnnでコンバートして下さい。");
+inline const QString Resident = QStringLiteral("TORVANE を常駐します．．．");
+inline const QString Starting = QStringLiteral("TORVANE を開始します．．．");
+inline const QString StartFailed = QStringLiteral("起動に失敗しました．．．");
+inline const QString BootDirExists = QStringLiteral("TORVBOOTディレクトリが存在します\n"
+                                                    "ファイルが残っている可能性がありますが、\n"
+                                                    "削除してよろしいですか？");
+inline const QString NoCfgCaption = QStringLiteral("TORVANE.CFG がありません");
+inline const QString NoCfgText = QStringLiteral("設定を登録してください");
+inline const QString CfgVersionDiffers = QStringLiteral("TORVANE.CFGのVersionが違います\n"
+                                                        "CFGファイルを新しく作り直しますか？");
+inline const QString CfgVersionCaption = QStringLiteral("TORVANE.CFG のVerが違います");
+inline const QString CfgUpdateHint = QStringLiteral("RECASTnn.EXEでCFGをアップデートして下さい");
+} // namespace StartupText
+
+// Catalogue files in the order the start-up checks them, by family.
+inline const std::array<QString, 3> kLstFileNames = {
+    QStringLiteral("TORVANE.LST"), QStringLiteral("TORVANE.LFM"), QStringLiteral("TORVANE.LX1")};
+
+// What the start-up and the shut-down need of the windows. frmMain implements it; tests
+// record the calls.
+class StartupUi {
+public:
+    virtual ~StartupUi() = default;
+
+    // frmTitle
+    virtual void LoadTitle() = 0; // load and show it modelessly
+    virtual void ShowTitle() = 0;
+    virtual void UnloadTitle() = 0;
+    virtual void SetTitleMsg1(const QString& text) = 0;
+    virtual void SetTitleMsg2(const QString& text) = 0;
+
+    // frmMain
+    virtual void HideMain() = 0;
+    virtual void ShowMain() = 0;
+    virtual void SetMainMinimized() = 0;
+    virtual void SetMainVisible() = 0;
+    virtual void SetListExStyle() = 0;   // full-row select on lstD88
+    virtual void ApplyCfgToWindow() = 0; // step 13: picture, detail, columns, footer, view
+    virtual void CreateLstObj() = 0;
+    virtual void ReleaseLstObj() = 0;
+    // InitLst of the catalogue object for one family; false when the file is not one of ours.
+    virtual bool InitLst(int family) = 0;
+    // cbxHardWare.ListIndex = family; its click event loads the list.
+    virtual void SelectFamily(int family) = 0;
+    virtual void PlaceWindow() = 0; // step 17
+    // Without a system tray the session runs as if TaskIn were off.
+    virtual bool TrayAvailable() = 0;
+    virtual void SetTaskIcon() = 0;
+    virtual void RemoveTaskIcon() = 0;
+
+    // frmCfg, modal. It decides CfgReady itself when it closes.
+    virtual void ShowCfgDialog() = 0;
+
+    // Shut-down: the state that is stored in the configuration.
+    virtual QString SelectedKey() = 0; // key of the selected row of lstD88, "" with none
+    virtual std::array<float, 6> ColumnWidths() = 0; // twips
+    virtual int WindowState() = 0;                   // 0 normal, 1 minimised, 2 maximised
+    virtual void RestoreNormalVisible() = 0;
+    virtual std::array<float, 4> WindowGeometry() = 0; // height, width, left, top in twips
+    virtual void UnloadOtherForms() = 0;
+};
+
+// The surroundings of one start. Production takes the defaults; tests give their own
+// directories and skip the waits.
+struct StartupEnv {
+    QString programDir;     // empty: the running executable's directory
+    QString executablePath; // empty: the running executable; keys the instance lock
+    std::function<void(int)> sleep = [](int ms) { SleepMs(ms); };
+    std::function<void()> yield = [] { DoEvents(); };
+};
+
+class Startup {
+public:
+    Startup(StartupUi& ui, StartupEnv env = {});
+
+    // Form_Load of frmMain: the whole start-up. True when the main window has been handed
+    // over; false when the start was refused and the process is to end.
+    bool FormLoad();
+    // Form_Unload of frmMain.
+    void FormUnload();
+
+    bool MakeBootDir();
+    bool MakeTempBootDir();
+    void CheckCfg();
+    void StartFail();
+
+    // The previous-instance lock stays held while this object lives.
+    bool HoldsInstanceLock() const { return lock_ != nullptr; }
+
+private:
+    bool Run();
+    void Refuse(const QString& text);
+    void Yield() { env_.yield(); }
+    void Sleep(int ms) { env_.sleep(ms); }
+
+    StartupUi& ui_;
+    StartupEnv env_;
+    bool trayOn_ = false; // TaskIn in force for this session
+    std::unique_ptr<InstanceLock> lock_;
+};
+
+// Removes every trailing "/" or "\" one at a time, as the start-up does with TMP, TEMP and the
+// program directory; a root "/" stays.
+QString TrimTrailingSeparators(QString path);
+
+// The seek pointer behind the key's first character ("K25" -> 25), 0 when there is none.
+int32_t SeekPointerOfKey(const QString& key);
+
+} // namespace tv
