@@ -175,7 +175,9 @@ void frmCfg::BuildFamilyPage(int family)
     auto* v = new QVBoxLayout(page);
     v->setContentsMargins(4, 4, 4, 4);
 
-    auto* dirs = new QGroupBox(FamilyName(family), page);
+    // A group box reads "&" as a mnemonic; the family names have one to show.
+    QString title = FamilyName(family);
+    auto* dirs = new QGroupBox(title.replace(QLatin1Char('&'), QStringLiteral("&&")), page);
     dirs->setObjectName(Idx("fraDir", family));
     auto* g = new QGridLayout(dirs);
     g->setVerticalSpacing(3);

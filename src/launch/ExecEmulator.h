@@ -1,0 +1,79 @@
+#pragma once
+// The run of an outside emulator: start it, type what its command line can't carry, switch
+// it to full screen, and wait for its end while the main window stays disabled but keeps
+// serving its events.
+#include "launch/LaunchCommand.h"
+
+#include <QString>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+
+class QProcess;
+
+namespace tv {
+
+// What the launch needs of the main window; the window supplies it (the core has no widgets).
+// A hook that is not set is skipped.
+struct FrmMainHooks {
+    std::function<void(bool)> setEnabled;
+    std::function<void()> minimise;
+    // Back to the state before the last minimise, visible, brought to the front.
+    std::function<void()> restore;
+};
+inline FrmMainHooks frmMainHooks;
+
+// The start of a command failed; the launch ends as on any run-time error.
+class EmulatorStartError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+// The exit code a process has while it is still running.
+inline constexpr int kStillActive = 259;
+
+// An emulator process started from a launch command, in the current directory unless the
+// command names one. Its output goes where the program's own goes.
+class EmuProcess {
+public:
+    EmuProcess();
+    ~EmuProcess();
+    EmuProcess(const EmuProcess&) = delete;
+    EmuProcess& operator=(const EmuProcess&) = delete;
+
+    bool start(const LaunchCommand& cmd);
+    int64_t pid() const;
+    // kStillActive while the process runs, else its exit code (8 bits on POSIX, so a
+    // process can't end with the code that means running); a crash gives 1.
+    int exitCode();
+
+private:
+    std::unique_ptr<QProcess> proc_;
+};
+
+// Starts a program without keeping anything of it.
+bool StartDetached(const LaunchCommand& cmd);
+
+// The key sequences, by the first row that applies (exposed for the launch's own checks).
+inline const QString kKeysX88Tape = QStringLiteral("%ITO^V%O{ENTER}");
+inline const QString kKeysX88N80 = QStringLiteral("%IM^V%O");
+inline const QString kKeysM88Disk = QStringLiteral("%DC^V%O");
+inline const QString kKeysM88Tape = QStringLiteral("%TT^V%O");
+inline const QString kKeysPc88WinDisk = QStringLiteral("%D{ENTER}{ENTER}^V%O");
+inline const QString kKeysXmilTape = QStringLiteral("{F10}CO^V%O");
+inline const QString kKeysXmilDisk0 = QStringLiteral("{F10}0O^V%O");
+inline const QString kKeysXmilDisk1 = QStringLiteral("{F10}1O^V%O");
+inline const QString kKeysWinX1Disk = QStringLiteral("%FB^V%O");
+inline const QString kKeysFullScreen = QStringLiteral("%{ENTER}");
+inline const QString kKeysXmilFullScreen = QStringLiteral("{F10}SF");
+inline const QString kKeysRnd4m88FullScreen = QStringLiteral("%F");
+
+// Disables the main window, starts CmdLine, sends the image names and the full-screen keys,
+// starts RND4M88 when asked, waits for the end polling every 200 ms with events served, and
+// enables the main window. Throws EmulatorStartError when the start fails (the main window
+// is enabled again first).
+void ExecEmulator(const LaunchCommand& CmdLine, int16_t EmuCode, const QString& Paste1,
+                  const QString& Paste2, uint8_t AltFlag);
+
+} // namespace tv
