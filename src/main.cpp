@@ -1,5 +1,6 @@
 // The program takes no command line: everything it needs stands beside it. Its first logic
 // is the start-up of the main window; a refused start ends the process with code 1.
+#include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmMain.h"
 #include "platform/MsgBoxQt_ui.h"
 
@@ -26,6 +27,7 @@ int main(int argc, char** argv)
     tv::InstallQtMessageBoxes();
 
     tv::frmMain w;
+    w.SetCatalogue(std::make_unique<tv::MainCatalogue>());
     if (!w.Load())
         return 1;
     return app.exec();

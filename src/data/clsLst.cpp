@@ -2,6 +2,7 @@
 
 #include "data/ByteCodec.h"
 #include "shell/Globals.h"
+#include "shell/Sjis.h"
 #include "shell/SubFunction.h"
 
 #include <QFile>
@@ -93,26 +94,43 @@ QByteArray EncodeLstRecord(int family, const LstRecord& r)
     return out;
 }
 
+namespace {
+
+// A text field with its trailing blanks cut before decoding: most of a fixed field is blank
+// fill, and the fill would only be trimmed again.
+void sjisField(ByteReader& rd, QString& v, int width)
+{
+    QByteArray raw;
+    if (!rd.raw(raw, width))
+        return;
+    qsizetype n = raw.size();
+    while (n > 0 && raw[n - 1] == ' ')
+        --n;
+    v = FromSjis(raw.constData(), n);
+}
+
+} // namespace
+
 void DecodeLstRecord(int family, const QByteArray& bytes, LstRecord& r, qsizetype pos)
 {
     if (!validFamily(family))
         return;
     ByteReader rd(bytes, pos);
-    rd.text(r.Title, kTitle);
-    rd.text(r.Genre, kGenre);
-    rd.text(r.Maker, kMaker);
-    rd.text(r.Column1, kColumn);
-    rd.text(r.Column2, kColumn);
-    rd.text(r.SaleDate, kSaleDate);
-    rd.text(r.Comment, kComment);
-    rd.text(r.StartFileName, kStartFile);
-    rd.text(r.JituFile, kPath);
-    rd.text(r.SecondFile, secondFileWidth(family));
+    sjisField(rd, r.Title, kTitle);
+    sjisField(rd, r.Genre, kGenre);
+    sjisField(rd, r.Maker, kMaker);
+    sjisField(rd, r.Column1, kColumn);
+    sjisField(rd, r.Column2, kColumn);
+    sjisField(rd, r.SaleDate, kSaleDate);
+    sjisField(rd, r.Comment, kComment);
+    sjisField(rd, r.StartFileName, kStartFile);
+    sjisField(rd, r.JituFile, kPath);
+    sjisField(rd, r.SecondFile, secondFileWidth(family));
     rd.u8(r.ArcCheckFlag);
     rd.u8(r.ReArcCheckFlag);
-    rd.text(r.ScrFile, kPath);
+    sjisField(rd, r.ScrFile, kPath);
     rd.u8(r.MeltManFlag);
-    rd.text(r.ManFile, kPath);
+    sjisField(rd, r.ManFile, kPath);
     if (family == 0)
         ReadEmuOpt88(rd, r.opt88);
     else if (family == 1)

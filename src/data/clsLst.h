@@ -122,10 +122,5 @@ private:
 // The one instance: the only way to a catalogue file.
 inline clsLst LstObj;
 
-// The process-wide working copies of the option blocks, edited by the option dialogs and
-// passed between clsLst and the launch.
-inline EmuOpt88 CurEmuOpt88;
-inline EmuOptFM CurEmuOptFM;
-inline EmuOptX1 CurEmuOptX1;
 
 } // namespace tv

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QElapsedTimer>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -369,7 +370,15 @@ void CatalogueUi::LoadList()
             QCoreApplication::processEvents();
     };
     w_.lstD88->setVisible(false);
+    // The counter is painted only when the event loop runs, so it is set and the loop served
+    // at the first and last row and otherwise every 30 ms: the same sight for the user at a
+    // fraction of the cost of a repaint per row.
+    QElapsedTimer since;
+    since.start();
     const LoadListOutcome out = FillTitleList(*model_, HardWare, [&](int32_t count, int32_t total) {
+        if (count != 0 && count != total && since.elapsed() < 30)
+            return;
+        since.restart();
         if (splash && w_.splashCount)
             w_.splashCount(QString::number(count), QStringLiteral("件 ／ ") +
                                                        QString::number(total) +

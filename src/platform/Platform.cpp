@@ -8,10 +8,13 @@
 #include <QFileInfo>
 #include <QThread>
 
+#include <utility>
+
 #include <cerrno>
 #include <climits>
 #include <fcntl.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 namespace tv {
@@ -69,16 +72,18 @@ namespace {
 
 class FlockInstanceLock : public InstanceLock {
 public:
-    explicit FlockInstanceLock(int fd) : fd_(fd) {}
+    FlockInstanceLock(int fd, QByteArray path) : fd_(fd), path_(std::move(path)) {}
     ~FlockInstanceLock() override
     {
-        // Closing the descriptor drops the lock. The file stays: unlinking a lock file
-        // races with a process that has just opened it.
+        // The file goes while the lock is still held, so that lock files don't pile up; a
+        // process that opened it just before sees it unlinked and tries again (OpenAndLock).
+        ::unlink(path_.constData());
         ::close(fd_);
     }
 
 private:
     int fd_;
+    QByteArray path_;
 };
 
 QString ResolvedExecutable(const QString& executablePath)
@@ -99,27 +104,67 @@ QString InstanceLockPath(const QString& executablePath, const QString& lockDirec
            QStringLiteral(".lock");
 }
 
-std::unique_ptr<InstanceLock> AcquireInstanceLock(const QString& executablePath,
-                                                  const QString& lockDirectory)
+namespace {
+// Opens the lock file (made when missing) and takes the lock; -1 with errno set on failure.
+int OpenAndLockOnce(const QByteArray& path)
 {
-    const QByteArray path = QFile::encodeName(InstanceLockPath(executablePath, lockDirectory));
     // O_CLOEXEC: an emulator started by us must not keep our lock alive after we are gone.
     int fd = ::open(path.constData(), O_RDWR | O_CREAT | O_CLOEXEC, 0666);
     if (fd < 0) {
         // Another user's lock file in a sticky directory can still be locked read-only.
         fd = ::open(path.constData(), O_RDONLY | O_CLOEXEC);
         if (fd < 0)
-            return nullptr;
+            return -1;
     }
     int rc;
     do {
         rc = ::flock(fd, LOCK_EX | LOCK_NB);
     } while (rc != 0 && errno == EINTR);
     if (rc != 0) {
+        const int err = errno;
         ::close(fd);
-        return nullptr;
+        errno = err;
+        return -1;
     }
-    return std::make_unique<FlockInstanceLock>(fd);
+    return fd;
+}
+
+// Opens the lock file (made when missing) and takes the lock; -1 with errno set on failure.
+// The lock counts only when the locked file still is the one under the name: a holder that
+// ends unlinks it, and a lock on the unlinked file would exclude nobody.
+int OpenAndLock(const QString& lockPath, QByteArray* path)
+{
+    *path = QFile::encodeName(lockPath);
+    for (int attempt = 0; attempt < 8; ++attempt) {
+        const int fd = OpenAndLockOnce(*path);
+        if (fd < 0)
+            return -1;
+        struct stat held;
+        struct stat named;
+        if (::fstat(fd, &held) == 0 && ::stat(path->constData(), &named) == 0 &&
+            held.st_dev == named.st_dev && held.st_ino == named.st_ino)
+            return fd;
+        ::close(fd);
+    }
+    errno = EWOULDBLOCK;
+    return -1;
+}
+} // namespace
+
+std::unique_ptr<InstanceLock> AcquireInstanceLock(const QString& executablePath,
+                                                  const QString& lockDirectory)
+{
+    QByteArray path;
+    int fd = OpenAndLock(InstanceLockPath(executablePath, lockDirectory), &path);
+    if (fd < 0 && errno != EWOULDBLOCK && lockDirectory.isEmpty()) {
+        // No usable /tmp: the lock goes beside the executable, where every copy started
+        // from there finds it as well.
+        const QString beside = QFileInfo(ResolvedExecutable(executablePath)).absolutePath();
+        fd = OpenAndLock(InstanceLockPath(executablePath, beside), &path);
+    }
+    if (fd < 0)
+        return nullptr;
+    return std::make_unique<FlockInstanceLock>(fd, path);
 }
 
 void SleepMs(int ms)

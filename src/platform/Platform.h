@@ -23,13 +23,14 @@ QString PlatformSystemDir();
 // the returned object keeps the lock; null when another instance holds it (or the lock file
 // can't be opened at all). The lock is an advisory whole-file lock, which the system drops
 // with the process, so a crashed run never leaves a stale lock behind; it is not inherited
-// by started programs.
+// by started programs. Releasing it removes the lock file.
 class InstanceLock {
 public:
     virtual ~InstanceLock() = default;
 };
 // Lock file in `lockDirectory`, or when that is empty in the system's temporary directory
-// ("/tmp", the same for every start whatever TMP or TMPDIR say).
+// ("/tmp", the same for every start whatever TMP or TMPDIR say), and when no lock file can be
+// made there, beside the executable.
 std::unique_ptr<InstanceLock> AcquireInstanceLock(const QString& executablePath,
                                                   const QString& lockDirectory = QString());
 // The lock file used for `executablePath`: "torvane-" + a hash of the absolute, resolved

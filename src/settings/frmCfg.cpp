@@ -1,5 +1,6 @@
 #include "settings/frmCfg.h"
 
+#include "adapters/pc88/frmM88Op.h"
 #include "data/Cfg.h"
 #include "platform/MsgBox.h"
 #include "settings/frmDirSansyo.h"
@@ -101,7 +102,13 @@ std::function<bool(QString&, QWidget*)> frmCfg::PickDirFn = [](QString& path, QW
 
 std::map<QString, std::function<void(QWidget*)>>& frmCfg::OptionDialogs()
 {
-    static std::map<QString, std::function<void(QWidget*)>> m;
+    static std::map<QString, std::function<void(QWidget*)>> m = {
+        {QStringLiteral("cmdM88Op"),
+         [](QWidget* owner) {
+             InitM88Op(0);
+             ShowM88Op(owner);
+         }},
+    };
     return m;
 }
 

@@ -76,7 +76,7 @@ public:
     // cbxHardWare.ListIndex = family; its click event loads the list.
     virtual void SelectFamily(int family) = 0;
     virtual void PlaceWindow() = 0; // step 17
-    // Without a system tray the session runs as if TaskIn were off.
+    // Without a system tray the program runs as if TaskIn were off until it ends.
     virtual bool TrayAvailable() = 0;
     virtual void SetTaskIcon() = 0;
     virtual void RemoveTaskIcon() = 0;
@@ -128,7 +128,7 @@ private:
 
     StartupUi& ui_;
     StartupEnv env_;
-    bool trayOn_ = false; // TaskIn in force for this session
+    bool trayOn_ = false; // TaskIn in force for this run
     std::unique_ptr<InstanceLock> lock_;
 };
 

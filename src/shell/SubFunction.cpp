@@ -83,6 +83,8 @@ int CodePointBytes(const QString& s, qsizetype i, int units)
     const char16_t u = s.at(i).unicode();
     if (u < 0x80 || (u >= 0xFF61 && u <= 0xFF9F))
         return 1; // ASCII and half-width katakana: one byte, no converter needed
+    if (units == 1 && QChar::isSurrogate(u))
+        return 2; // unpaired: the converter puts its two-byte substitute in its place
     return static_cast<int>(SjisLen(s.mid(i, units)));
 }
 
@@ -105,7 +107,10 @@ QString CutBytes(const QString& s, qint64 limit)
             break;
         }
         bytes += len;
-        lastStart = i;
+        // A character the converter drops (no bytes) can't be the last one of the converted
+        // text: the one dropped is the last that has bytes.
+        if (len > 0)
+            lastStart = i;
         i += units;
     }
     if (partial)

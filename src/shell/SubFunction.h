@@ -50,9 +50,10 @@ bool IsSafeDir(const QString& path, uint8_t kind, uint8_t network);
 // operation: 1 move, 2 copy, 3 delete, of a file, a directory tree, or the matches of a
 // pattern in the last component. A single source into an existing directory goes inside it,
 // otherwise it takes the target's name (missing parent directories are made); the matches of
-// a pattern go into the target as a directory. Copies over an existing file go through a
-// temporary name and an atomic rename. confirm 1 asks the user first (yes/no, "No" as
-// default), else silent. Guards: IsSafeDir of both paths and the 7-character stop.
+// a pattern go into the target as a directory. Copies keep permissions and modification time;
+// a copy over an existing file goes through a temporary name and an atomic rename. confirm 1 asks
+// the user first (yes/no, "No" as default), else silent. Guards: IsSafeDir of both paths and the
+// 7-character stop.
 bool ShellFileOp(const QString& source, const QString& target, int operation, uint8_t confirm);
 // ShellFileOp, then verification: the path is gone / the source gone and the target there /
 // both there.
@@ -62,17 +63,21 @@ bool ShellCopy(const QString& source, const QString& target, uint8_t confirm);
 
 // Breaks lines longer than lineWidth Shift-JIS bytes (lines end in CR LF), keeps lineCount
 // lines and cuts to byteLimit bytes; never leaves half a double-byte character or half a
-// CR LF. A negative width acts as 0.
+// CR LF. A negative width acts as 0; a width too narrow for the next character gives empty
+// lines up to the line count, as the cut always did.
 QString FitText(const QString& text, int lineWidth, int lineCount, int byteLimit);
 
 // 20 rows by 6 columns: 0 PC-88 images, 1 FM-7 images, 2 X1 images, 3 archives, 4 pictures,
 // 5 manuals; extensions in upper case without point, then the filter row, then empty rows.
+// Indexed [row - 1][column]: row numbers (FilterOrder's too) count from 1.
 inline std::array<std::array<QString, 6>, 20> ExtTable;
 // Fills ExtTable and sets HelpFile beside the program (AppDir must be set).
 void InitTables();
 // In the column of the current family (HardWare); false while no family is chosen (255).
 bool IsImageExt(const QString& ext);
+// The trimmed, upper-cased extension against rows 1 to 19 (images, manuals) or 1 to 10
+// (archives, column 3) up to the first empty row; the filter row is among the rows searched.
 bool IsArcExt(const QString& ext);
-bool IsManualExt(const QString& ext);
+bool IsManualExt(const QString& ext); // column 5
 
 } // namespace tv

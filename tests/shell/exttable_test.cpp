@@ -1,7 +1,6 @@
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 
-#include "support/QStringPrinter.h"
 #include <QStringList>
 
 #include <gtest/gtest.h>

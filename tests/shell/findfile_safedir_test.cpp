@@ -2,7 +2,6 @@
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 #include "support/GuardedDirs.h"
-#include "support/QStringPrinter.h"
 
 #include <QDir>
 #include <gtest/gtest.h>

@@ -2,7 +2,6 @@
 #include "shell/Sjis.h"
 #include "shell/SubFunction.h"
 
-#include "support/QStringPrinter.h"
 #include <QStringList>
 
 #include <gtest/gtest.h>
@@ -183,4 +182,25 @@ TEST(FitText, LongTextIsFast)
     const QString r = FitText(t, 72, 5, 500);
     EXPECT_LE(SjisLen(r), 500);
     EXPECT_EQ(r.split(kCrLf).size(), 5);
+}
+
+TEST(FitText, UnpairedSurrogatesNeverPassTheLimits)
+{
+    const QString t = QString(QChar(0xDBFF)) + QChar(0x24FF) + QChar(0x0333);
+    for (int limit = 0; limit < 8; ++limit) {
+        const QString r = FitText(t, 2, 2, limit);
+        EXPECT_LE(SjisLen(r), limit) << limit;
+        for (const QString& line : r.split(QStringLiteral("\r\n")))
+            EXPECT_LE(SjisLen(line), 2) << limit;
+    }
+}
+
+TEST(FitText, CharactersWithoutBytesAreNotTheOnesDropped)
+{
+    // U+200E has no Shift-JIS form and converts to nothing.
+    const QString t = QStringLiteral("ab\u200Ecd");
+    ASSERT_EQ(SjisLen(t), 4);
+    EXPECT_EQ(FitText(t, 72, 1, 2), QStringLiteral("ab\u200E"));
+    EXPECT_EQ(FitText(t, 72, 1, 3), QStringLiteral("ab\u200Ec"));
+    EXPECT_EQ(FitText(t, 3, 2, 100), QStringLiteral("ab\u200Ec\r\nd"));
 }

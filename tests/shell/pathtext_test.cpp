@@ -2,7 +2,6 @@
 #include "shell/SubFunction.h"
 #include "support/GuardedDirs.h"
 
-#include "support/QStringPrinter.h"
 #include <QDir>
 #include <QFile>
 

@@ -3,12 +3,12 @@
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 #include "support/GuardedDirs.h"
-#include "support/QStringPrinter.h"
 #include "support/ScriptedMsgBox.h"
 
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
+#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
 using namespace tv;
@@ -340,4 +340,53 @@ TEST_F(ShellOpTest, CopyOfDirectoryOverFileFails)
     WriteFile(a + "/F/D", "file");
     EXPECT_FALSE(ShellCopy(a + "/D", a + "/F/D", 0));
     EXPECT_EQ(ReadFile(a + "/F/D"), QByteArray("file"));
+}
+
+TEST_F(ShellOpTest, DeleteOfTreeNeverFollowsLinksOutOfIt)
+{
+    WriteFile(a + "/outside/keep.d88", "k");
+    WriteFile(a + "/TORVBOOT/x.d88", "x");
+    ASSERT_TRUE(QFile::link(a + "/outside", a + "/TORVBOOT/link"));
+    ASSERT_TRUE(QFile::link(a + "/outside/keep.d88", a + "/TORVBOOT/file-link"));
+    EXPECT_TRUE(ShellDelete(a + "/TORVBOOT", 0));
+    EXPECT_FALSE(QFileInfo::exists(a + "/TORVBOOT"));
+    EXPECT_EQ(ReadFile(a + "/outside/keep.d88"), QByteArray("k"));
+}
+
+TEST_F(ShellOpTest, CopyOfTreeWithLinkLoopEnds)
+{
+    WriteFile(a + "/T/x.d88", "x");
+    ASSERT_TRUE(QFile::link(a + "/T", a + "/T/loop"));
+    EXPECT_FALSE(ShellCopy(a + "/T", a + "/U", 0));
+    EXPECT_EQ(ReadFile(a + "/U/x.d88"), QByteArray("x"));
+    EXPECT_FALSE(QFileInfo::exists(a + "/U/loop/loop"));
+}
+
+TEST_F(ShellOpTest, CopyOntoItselfKeepsTheFileAndMoveOntoItselfFails)
+{
+    WriteFile(a + "/game.d88", "same");
+    EXPECT_TRUE(ShellCopy(a + "/game.d88", a + "/game.d88", 0));
+    EXPECT_EQ(ReadFile(a + "/game.d88"), QByteArray("same"));
+    EXPECT_FALSE(ShellMove(a + "/game.d88", a + "/game.d88", 0)); // the source is not gone
+    EXPECT_EQ(ReadFile(a + "/game.d88"), QByteArray("same"));
+    EXPECT_EQ(Entries(a), QStringList{"game.d88"});
+}
+
+TEST_F(ShellOpTest, MoveToAnotherFileSystemCopiesAndRemoves)
+{
+    QTemporaryDir other(QStringLiteral("/dev/shm/torvane-test-XXXXXX"));
+    if (!other.isValid())
+        GTEST_SKIP() << "no second file system at /dev/shm";
+    WriteFile(a + "/game.d88", "g");
+    WriteFile(a + "/T/x/y.sta", "y");
+    WriteFile(other.path() + "/old/game.d88", "old");
+    EXPECT_TRUE(ShellMove(a + "/game.d88", other.path() + "/old/game.d88", 0));
+    EXPECT_EQ(ReadFile(other.path() + "/old/game.d88"), QByteArray("g"));
+    EXPECT_FALSE(QFileInfo::exists(a + "/game.d88"));
+    EXPECT_TRUE(ShellMove(a + "/T", other.path() + "/T2", 0));
+    EXPECT_EQ(ReadFile(other.path() + "/T2/x/y.sta"), QByteArray("y"));
+    EXPECT_FALSE(QFileInfo::exists(a + "/T"));
+    // And back again, over the first file system's boundary the other way.
+    EXPECT_TRUE(ShellMove(other.path() + "/T2", a + "/T3", 0));
+    EXPECT_EQ(ReadFile(a + "/T3/x/y.sta"), QByteArray("y"));
 }

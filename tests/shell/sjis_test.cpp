@@ -1,7 +1,5 @@
 #include "shell/Sjis.h"
 
-#include "support/QStringPrinter.h"
-
 #include <gtest/gtest.h>
 
 using namespace tv;

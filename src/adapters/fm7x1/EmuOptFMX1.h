@@ -40,6 +40,11 @@ struct EmuOptX1 {
     bool operator==(const EmuOptX1&) const = default;
 };
 
+// The working copies of the current title's blocks, passed between the catalogue, the option
+// dialogs and the launch.
+inline EmuOptFM CurEmuOptFM;
+inline EmuOptX1 CurEmuOptX1;
+
 void WriteEmuOptFM(ByteWriter& w, const EmuOptFM& o);
 void ReadEmuOptFM(ByteReader& r, EmuOptFM& o);
 void SetDefaultEmuOptFM(EmuOptFM& o);

@@ -42,6 +42,10 @@ struct EmuOpt88 {
     bool operator==(const EmuOpt88&) const = default;
 };
 
+// The working copy of the current title's block, passed between the catalogue, the dialogs
+// and the launch.
+inline EmuOpt88 CurEmuOpt88;
+
 void WriteEmuOpt88(ByteWriter& w, const EmuOpt88& o);
 void ReadEmuOpt88(ByteReader& r, EmuOpt88& o);
 // The defaults of a fresh configuration; every element not named there is 0.

@@ -1,0 +1,116 @@
+#include "adapters/pc88/M88Modules.h"
+
+#include "data/Cfg.h"
+#include "shell/Globals.h"
+#include "shell/SubFunction.h"
+
+namespace tv {
+
+const std::array<std::array<M88ModuleFile, kM88ModuleFiles>, kM88ModuleCount> M88Modules = {{
+    {{{"diskdrv.m88", "diskdrv._m88"}, {"e1.rom", "e1._rom"}, {"E8.ROM", "E8._ROM"}}},
+    {{{"cdif.m88", "cdif._m88"}, {nullptr, nullptr}, {nullptr, nullptr}}},
+    {{{"JS.m88", "JS._m88"}, {"JS.ini", "JS._ini"}, {nullptr, nullptr}}},
+    {{{"lpt_sample.m88", "lpt_sample._m88"}, {nullptr, nullptr}, {nullptr, nullptr}}},
+    {{{"PcgSound.m88", "PcgSound._m88"}, {nullptr, nullptr}, {nullptr, nullptr}}},
+    {{{"sndlog.m88", "sndlog._m88"}, {nullptr, nullptr}, {nullptr, nullptr}}},
+    {{{"SeekSnd.m88", "SeekSnd._m88"}, {nullptr, nullptr}, {nullptr, nullptr}}},
+    {{{"FM98.m88", "FM98._m88"}, {nullptr, nullptr}, {nullptr, nullptr}}},
+}};
+
+const std::array<const char*, kM88ModuleCount> M88ModuleCaptions = {
+    "diskdrv88+80", "cdif", "JS", "lpt_sample", "PcgSound", "sndlog", "SeekSnd", "FM98"};
+
+namespace {
+
+QString In(const QString& dir, const char* name)
+{
+    return dir + QLatin1Char('/') + QString::fromLatin1(name);
+}
+
+bool Exists(const QString& path)
+{
+    return !FindFile(path).isEmpty();
+}
+
+int Power10(int j)
+{
+    int p = 1;
+    while (j-- > 0)
+        p *= 10;
+    return p;
+}
+
+} // namespace
+
+const EmuOpt88& SelectEmuOpt88(uint8_t DefOpt)
+{
+    return DefOpt == 1 ? Cfg.CfgEmuOpt88 : CurEmuOpt88;
+}
+
+void HideM88Modules(ModuleState& out, uint8_t DefOpt)
+{
+    HideM88Modules(out, SelectEmuOpt88(DefOpt));
+}
+
+void HideM88Modules(ModuleState& out, const EmuOpt88& block)
+{
+    const QString dir = VbTrim(Cfg.M88Dir);
+    const QString saveDir = M88SaveDir;
+    out.fill(0);
+    for (int k = 0; k < kM88ModuleCount; ++k) {
+        const auto& files = M88Modules[k];
+        bool wanted = block.M88_5Op[k] == 1;
+        if (wanted) {
+            for (int j = kM88ModuleFiles - 1; j >= 0; --j) {
+                const char* name = files[j].visible;
+                if (name == nullptr || *name == 0)
+                    continue;
+                // A module that can't be made whole is hidden as a whole.
+                if (!Exists(In(dir, name)) && !Exists(In(saveDir, name))) {
+                    wanted = false;
+                    break;
+                }
+            }
+        }
+        for (int j = 0; j < kM88ModuleFiles; ++j) {
+            const char* name = files[j].visible;
+            if (name == nullptr || *name == 0)
+                continue;
+            if (wanted) {
+                if (!Exists(In(dir, name)) && Exists(In(saveDir, name))) {
+                    ShellCopy(In(saveDir, name), In(dir, name), 0);
+                    out[k] = static_cast<uint8_t>(out[k] + 1 * Power10(j));
+                }
+            } else if (Exists(In(dir, name))) {
+                // Copy and delete rather than rename, as the file operations verify each step.
+                ShellCopy(In(dir, name), In(dir, files[j].hidden), 0);
+                ShellDelete(In(dir, name), 0);
+                out[k] = static_cast<uint8_t>(out[k] + 2 * Power10(j));
+            }
+        }
+    }
+}
+
+void RestoreM88Modules(ModuleState& state)
+{
+    const QString dir = VbTrim(Cfg.M88Dir);
+    for (int k = 0; k < kM88ModuleCount; ++k) {
+        const auto& files = M88Modules[k];
+        for (int j = kM88ModuleFiles - 1; j >= 0; --j) {
+            const int p = Power10(j);
+            const int d = state[k] / p;
+            const char* name = files[j].visible;
+            if (name != nullptr && *name != 0) {
+                if (d == 1 && Exists(In(dir, name))) {
+                    ShellDelete(In(dir, name), 0);
+                } else if (d == 2 && Exists(In(dir, files[j].hidden))) {
+                    ShellCopy(In(dir, files[j].hidden), In(dir, name), 0);
+                    ShellDelete(In(dir, files[j].hidden), 0);
+                }
+            }
+            state[k] = static_cast<uint8_t>(state[k] % p);
+        }
+    }
+}
+
+} // namespace tv
