@@ -1,5 +1,8 @@
 #include "launch/Launch.h"
 
+#include "adapters/pc88/M88Ini.h"
+#include "adapters/pc88/M88Launch.h"
+#include "adapters/pc88/M88Modules.h"
 #include "data/ItemDetail.h"
 #include "data/clsLst.h"
 #include "launch/Archive.h"
@@ -92,23 +95,6 @@ EmuOptX1 ChosenOptX1(uint8_t DefOpt)
         return Cfg.CfgEmuOptX1;
     LstObj.GetEmuOptX1();
     return CurEmuOptX1;
-}
-
-// "Flags" of M88's INI, corrected so that bit 1 ("終了時のディレクトリを記憶") is set: a
-// launch depends on M88 starting in the directory that the INI names.
-void CorrectM88Flags(const QString& ini)
-{
-    const QString section = QStringLiteral("M88p2 for Windows");
-    QString value;
-    GetIniValue(section, QStringLiteral("Flags"), QString(), value, ini);
-    bool numeric = false;
-    const qint64 number = Trimmed(value).toLongLong(&numeric);
-    if (value.size() > 10 || !numeric) {
-        SetIniValue(section, QStringLiteral("Flags"), QStringLiteral("3"), ini);
-        return;
-    }
-    if ((number & 2) == 0)
-        SetIniValue(section, QStringLiteral("Flags"), QString::number(number + 2), ini);
 }
 
 struct Branch {
@@ -233,7 +219,7 @@ bool LaunchRoadReady(int EmuCode, const CfgRecord& cfg, QString* why)
         ready = true;
         break;
     case 2:
-        ready = cfg.M88CfgChk == 1 || bool(optionMakers.m88);
+        ready = true; // the adapter generates M88.INI
         break;
     case 3:
         ready = cfg.Pc8CfgChk == 1 || bool(optionMakers.pc88win);
@@ -454,6 +440,7 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     }
 
     // 5. Save states in.
+    ModuleState moduleState{};
     const bool panUse = Cfg.PanUse == 1;
     if (EmuCode == 1 && !panUse) {
         for (int n = 0; n <= 9; ++n) {
@@ -470,8 +457,9 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
             if (!src.isEmpty())
                 ShellCopy(src, WorkDir + u'/' + name, 0);
         }
-        // TODO(M88 adapter): hide the modules the title doesn't want (HideM88Modules) here,
-        // and restore them in step 20, once the adapter provides them.
+        if (DefOpt != 1)
+            LstObj.GetEmuOpt88();
+        HideM88Modules(moduleState, DefOpt);
         StagePciDebug(pciFlag, EmuCode, DefOpt);
     }
 
@@ -521,24 +509,21 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     case 2: {
         const QString ini = Dir + QStringLiteral("/M88.INI");
         if (Cfg.M88CfgChk != 1) {
-            const EmuOpt88 opt = ChosenOpt88(DefOpt);
-            WriteConfText(ini, optionMakers.m88(opt));
-            b.altFlag = opt.M88_1Op[23];
+            b.altFlag = WriteGeneratedM88Ini(ChosenOpt88(DefOpt));
         } else {
-            CorrectM88Flags(ini);
-            SetIniValue(QStringLiteral("M88p2 for Windows"), QStringLiteral("BIOSPath"),
-                        EmuPath(exe, Dir), ini);
-            SetIniValue(QStringLiteral("M88p2 for Windows"), QStringLiteral("Directory"),
-                        EmuPath(exe, WorkDir), ini);
+            // The user's INI stays; only the keys a launch depends on are corrected.
+            const QString section = QStringLiteral("M88p2 for Windows");
+            QString flags;
+            GetIniValue(section, QStringLiteral("Flags"), QString(), flags, ini);
+            if (const auto corrected = CorrectM88Flags(flags))
+                SetIniValue(section, QStringLiteral("Flags"), *corrected, ini);
+            SetIniValue(section, QStringLiteral("BIOSPath"), M88PathForm(Dir), ini);
+            SetIniValue(section, QStringLiteral("Directory"), M88PathForm(WorkDir), ini);
         }
-        if (ImageExt == QStringLiteral("T88")) {
-            b.paste1 = Image;
-        } else if (panUse) {
-            b.cmd.arg(Trimmed(PanArg));
-            b.paste1 = Image;
-        } else {
-            b.cmd.arg(EmuPath(exe, Image));
-        }
+        const M88Command mc = MakeM88Command(Image, PanArg);
+        b.cmd = LaunchCommand(mc.Program);
+        b.cmd.args(mc.Args);
+        b.paste1 = mc.Paste1;
         break;
     }
     case 3: {
@@ -654,6 +639,7 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
             ShellCopy(src, M88SaveDir + u'/' + ImageStem.toUpper() + tail, 0);
             ShellDelete(src, 0);
         }
+        RestoreM88Modules(moduleState);
         UnstagePciDebug(pciFlag, EmuCode);
     }
     // 21.

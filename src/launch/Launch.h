@@ -36,7 +36,6 @@ inline LaunchHooks launchHooks;
 // The generated configuration text of an emulator, made from the option block that DefOpt
 // chooses. Each adapter sets its maker; a road that needs a missing maker stays closed.
 struct OptionMakers {
-    std::function<QString(const EmuOpt88&)> m88;                   // "M88.INI"
     std::function<QString(const EmuOpt88&)> pc88win;               // "PC88WIN.INI"
     std::function<QString(const EmuOptFM&)> xm7win;                // "XM7.INI"
     std::function<QString(const EmuOptFM&)> em7;                   // "EM7.INI"
