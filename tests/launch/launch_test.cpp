@@ -668,3 +668,56 @@ TEST_F(Launch, M88GeneratedIniIsTheAdaptersText)
               ToSjis(MakeM88Ini(Cfg.CfgEmuOpt88)) + QByteArrayLiteral("\r\n"));
     EXPECT_EQ(ReadAll(dir + "/M88.ORG"), "user");
 }
+
+// A .PAT travels in under the stem of Image and never comes back; the FMPAN disk goes on the
+// command line and the image by the file dialog; neither reaches SnapDir.
+TEST_F(Launch, PatAndFmPanTravelInOnly)
+{
+    Cfg.M88CfgChk = 1;
+    Cfg.PatUse = 1;
+    Cfg.PanUse = 1;
+    const QString dir = Emu(2, {{"change", "GAME.PAT"}});
+    WriteFile(r_ + "/pat/GAME.PAT", "palette");
+    WriteFile(r_ + "/fmpan.d88", Image(256));
+    Cfg.FmPanFile = r_ + "/fmpan.d88";
+    WriteFile(r_ + "/images/GAME.D88", Image());
+    Item(0, r_ + "/images/GAME.D88", "GAME.D88");
+    ScriptedMsgBox box;
+    RunSelectedItem(2);
+    EXPECT_TRUE(box.calls().empty());
+    const auto runs = Runs();
+    ASSERT_EQ(runs.size(), 1u);
+    EXPECT_EQ(runs[0].args.mid(1), QStringList{"FMPAN.D88"});
+    EXPECT_TRUE(runs[0].files.contains("GAME.PAT"));
+    EXPECT_TRUE(runs[0].files.contains("FMPAN.D88"));
+    EXPECT_EQ(Clips(), QStringList{"GAME.D88"});
+    EXPECT_EQ(ReadAll(r_ + "/pat/GAME.PAT"), "palette");
+    EXPECT_TRUE(QDir(r_ + "/snap").entryList(QDir::Files).isEmpty());
+    EXPECT_TRUE(WorkFiles().isEmpty());
+}
+
+// XM7 for Win32 always has the PCIDEBUG driver staged from the family's .PAT directory, and
+// it is gone before stage 3, so it reaches neither the image nor SnapDir.
+TEST_F(Launch, PciDebugStagedAndTakenAway)
+{
+    Cfg.Xm7WinCfgChk = 1;
+    const QString dir = Emu(12);
+    WriteFile(dir + "/XM7.INI", "[XM7]\r\n");
+    for (const char* f : {"PCIDEBUG.DLL", "Pcidebug.sys", "pcidbg95.vxd"})
+        WriteFile(r_ + "/pat/" + f, "driver");
+    const QString arc = Archive("AB.ZIP", {{"A.D77", Image()}, {"B.D77", Image()}});
+    Item(1, arc, "A.D77", 1, 1, "B.D77");
+    ScriptedMsgBox box;
+    RunSelectedItem(12);
+    EXPECT_TRUE(box.calls().empty());
+    const auto runs = Runs();
+    ASSERT_EQ(runs.size(), 1u);
+    EXPECT_EQ(runs[0].args.mid(1), (QStringList{"A.D77", "B.D77"}));
+    for (const char* f : {"PCIDEBUG.DLL", "Pcidebug.sys", "pcidbg95.vxd"})
+        EXPECT_TRUE(runs[0].files.contains(f)) << f;
+    EXPECT_TRUE(QDir(r_ + "/snap").entryList(QDir::Files).isEmpty());
+    EXPECT_EQ(Members(arc).keys(), (QStringList{"A.D77", "B.D77"}));
+    EXPECT_EQ(ReadAll(dir + "/XM7.INI"), "[XM7]\r\n");
+    EXPECT_FALSE(QFileInfo::exists(dir + "/XM7.ORG"));
+    EXPECT_TRUE(WorkFiles().isEmpty());
+}
