@@ -23,12 +23,12 @@ constexpr int kImageSize = 348000;
 // A 2D disk: header with the track table, 80 tracks of 16 sectors of 256 bytes, each with its
 // 16-byte sector header. Mostly formatted-empty sectors, a boot program, a directory of
 // repeated entries and BASIC text; cut to the size of the title's images.
-QByteArray MakeD88(int seed)
+QByteArray MakeD88(int diskNo)
 {
-    QRandomGenerator rng(seed);
+    QRandomGenerator rng(diskNo);
     QByteArray data;
     ByteWriter w(data);
-    w.raw(QByteArray("GAME DISK ") + QByteArray::number(seed), 17, '\0');
+    w.raw(QByteArray("GAME DISK ") + QByteArray::number(diskNo), 17, '\0');
     w.raw(QByteArray(), 9, '\0');
     w.u8(0);    // write protect
     w.u8(0x00); // 2D
@@ -61,7 +61,7 @@ QByteArray MakeD88(int seed)
                     sector.replace(i, 16,
                                    QByteArray("FILE") + QByteArray::number(i % 7) +
                                        QByteArray("   BAS\x01\x20\x30\x40\xff", 11));
-            } else if (t >= 2 && t < 20 + seed * 3) {
+            } else if (t >= 2 && t < 20 + diskNo * 3) {
                 for (int i = 0; i < 256; ++i) // program text
                     sector[i] = basic[(i + s * 7 + t) % basic.size()];
                 if (s % 5 == 0)

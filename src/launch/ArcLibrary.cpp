@@ -30,15 +30,15 @@ bool TakeDirArg(const QString& arg, QString& dir)
 }
 
 // "DIR\PATTERN": the directory and the pattern behind the last separator.
-bool SplitFileSpec(const QString& spec, QString& dir, QString& pattern)
+bool SplitPathPattern(const QString& pathPattern, QString& dir, QString& pattern)
 {
-    qsizetype p = spec.size() - 1;
-    while (p >= 0 && !IsSeparator(spec[p]))
+    qsizetype p = pathPattern.size() - 1;
+    while (p >= 0 && !IsSeparator(pathPattern[p]))
         --p;
     if (p <= 0)
         return false;
-    dir = spec.left(p);
-    pattern = spec.mid(p + 1);
+    dir = pathPattern.left(p);
+    pattern = pathPattern.mid(p + 1);
     return !pattern.isEmpty();
 }
 
@@ -136,7 +136,7 @@ int32_t UnlhaCommand(QObject* hWnd, const QString& cmdLine, QString&, int32_t)
     const bool quiet = p.switches.contains(QStringLiteral("-n"));
     if (verb == QLatin1String("a")) {
         QString dir, pattern;
-        if (p.args.size() != 2 || !SplitFileSpec(p.args[1], dir, pattern))
+        if (p.args.size() != 2 || !SplitPathPattern(p.args[1], dir, pattern))
             return ArcErrCommand;
         auto progress = ProgressFor(hWnd, !quiet, QStringLiteral("LZH圧縮"));
         return PackDirectory(ArcFormat::Lzh, p.args[0], dir, pattern, progress.get());
@@ -169,7 +169,7 @@ int32_t ZipCommand(QObject* hWnd, const QString& cmdLine, QString&, int32_t)
     const QString archivePath = p.args[0];
     QString dir, pattern;
     // One directory and pattern; anything else names files that aren't there.
-    if (p.args.size() != 2 || !SplitFileSpec(p.args[1], dir, pattern) || !QFileInfo(dir).isDir())
+    if (p.args.size() != 2 || !SplitPathPattern(p.args[1], dir, pattern) || !QFileInfo(dir).isDir())
         return ArcErrNoFiles;
     auto progress =
         ProgressFor(hWnd, !p.switches.contains(QStringLiteral("-q")), QStringLiteral("ZIP圧縮"));

@@ -1,5 +1,7 @@
 #include "launch/EmuStaging.h"
+
 #include "data/Cfg.h"
+#include "data/clsLst.h"
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 
@@ -131,10 +133,13 @@ void StagePciDebug(uint8_t& Flag, int16_t EmuCode, uint8_t DefOpt)
     if (DefOpt == 1) {
         opt88 = Cfg.CfgEmuOpt88;
         optX1 = Cfg.CfgEmuOptX1;
-    } else if (EmuCode == 2 && CurrentItemEmuOpt88) {
-        opt88 = CurrentItemEmuOpt88();
-    } else if (EmuCode == 22 && CurrentItemEmuOptX1) {
-        optX1 = CurrentItemEmuOptX1();
+    } else if (EmuCode == 2) {
+        // The title's own block, fetched from the record the catalogue holds.
+        LstObj.GetEmuOpt88();
+        opt88 = CurEmuOpt88;
+    } else if (EmuCode == 22) {
+        LstObj.GetEmuOptX1();
+        optX1 = CurEmuOptX1;
     }
     QString source;
     if (!PciDebugNeeded(EmuCode, opt88, optX1, source))

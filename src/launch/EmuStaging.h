@@ -38,11 +38,6 @@ void UnstageDos4gw(uint8_t HardWare, int16_t EmuCode);
 // The driver for a real sound chip on a PCI card, in the order it is copied.
 inline const QStringList kPciDebugFiles{"PCIDEBUG.DLL", "Pcidebug.sys", "pcidbg95.vxd"};
 
-// Where the current item's option record comes from when DefOpt isn't 1: the catalogue's
-// working copy, read for the item shown. The launch sets these.
-inline std::function<EmuOpt88()> CurrentItemEmuOpt88;
-inline std::function<EmuOptX1()> CurrentItemEmuOptX1;
-
 // Whether the driver is needed for the code with these records, and from which directory.
 bool PciDebugNeeded(int16_t EmuCode, const EmuOpt88& opt88, const EmuOptX1& optX1,
                     QString& sourceDir);

@@ -382,11 +382,15 @@ struct BlockPlan {
 // Match finder: hash chains over the last 8 KiB.
 
 constexpr int kHashBits = 15;
-// Chain steps per search; fewer once a good match is in hand.
-constexpr int kMaxChain = 256;
-constexpr int kGoodMatch = 32;
-// A 3-byte match this far back costs more bits than its three bytes as characters.
-constexpr unsigned kTooFar = 4096;
+// Chain steps per search.
+constexpr int kMaxChain = 32;
+// A match this long is taken as it is, without searching the positions it covers.
+constexpr int kNiceMatch = 48;
+
+struct Match {
+    uint16_t length;
+    uint16_t distance;
+};
 
 class Matcher {
 public:
@@ -395,16 +399,40 @@ public:
         prev_.fill(0);
     }
 
-    // Longest match at `p` (length 0 when none of at least 3), then enters `p` in its chain.
-    int findAndInsert(qsizetype p, unsigned& distance, int prevLen)
+    // Appends to `out` the matches at `p` of rising length, each at the nearest distance that
+    // gives it, no longer than `maxLen`; then enters `p` in its chain. Returns the longest length
+    // (0 for none).
+    int findAll(qsizetype p, int maxLen, std::vector<Match>& out)
     {
         if (n_ - p < kMinMatch)
             return 0;
         const uint32_t h = hash(p);
-        const int len = search(p, head_[h], distance, prevLen);
-        prev_[p & (kWindow - 1)] = head_[h];
+        uint32_t cand = head_[h];
+        prev_[p & (kWindow - 1)] = cand;
         head_[h] = static_cast<uint32_t>(p + 1);
-        return len;
+        if (maxLen < kMinMatch)
+            return 0;
+        int best = kMinMatch - 1;
+        int chain = kMaxChain;
+        const uint8_t* cur = in_ + p;
+        while (cand != 0 && chain-- > 0) {
+            const qsizetype c = qsizetype(cand) - 1;
+            const qsizetype dist = p - c;
+            if (dist > kWindow)
+                break;
+            const uint8_t* m = in_ + c;
+            if (m[best] == cur[best] && m[0] == cur[0] && m[1] == cur[1]) {
+                const int len = matchLength(m, cur, maxLen);
+                if (len > best) {
+                    best = len;
+                    out.push_back({uint16_t(len), uint16_t(dist)});
+                    if (len >= maxLen || len >= kNiceMatch)
+                        break;
+                }
+            }
+            cand = prev_[c & (kWindow - 1)];
+        }
+        return best >= kMinMatch ? best : 0;
     }
 
     void insert(qsizetype p)
@@ -423,7 +451,7 @@ private:
         return (v * 0x9E3779B1u) >> (32 - kHashBits);
     }
 
-    int matchLength(const uint8_t* a, const uint8_t* b, int maxLen) const
+    static int matchLength(const uint8_t* a, const uint8_t* b, int maxLen)
     {
         int k = 0;
         while (k + 8 <= maxLen) {
@@ -439,41 +467,136 @@ private:
         return k;
     }
 
-    int search(qsizetype p, uint32_t cand, unsigned& distance, int prevLen)
-    {
-        const int maxLen = static_cast<int>(std::min<qsizetype>(kMaxMatch, n_ - p));
-        int chain = prevLen >= kGoodMatch ? kMaxChain / 4 : kMaxChain;
-        int best = kMinMatch - 1;
-        const uint8_t* cur = in_ + p;
-        while (cand != 0 && chain-- > 0) {
-            const qsizetype c = qsizetype(cand) - 1;
-            const qsizetype dist = p - c;
-            if (dist > kWindow)
-                break;
-            const uint8_t* m = in_ + c;
-            if (m[best] == cur[best] && m[0] == cur[0] && m[1] == cur[1]) {
-                const int len = matchLength(m, cur, maxLen);
-                if (len > best && (len > kMinMatch || unsigned(dist) <= kTooFar)) {
-                    best = len;
-                    distance = static_cast<unsigned>(dist);
-                    if (len >= maxLen)
-                        break;
-                }
-            }
-            cand = prev_[c & (kWindow - 1)];
-        }
-        return best >= kMinMatch ? best : 0;
-    }
-
     const uint8_t* in_;
     qsizetype n_;
     std::vector<uint32_t> head_; // position + 1 of the newest entry, 0 for none
     std::array<uint32_t, kWindow> prev_;
 };
 
+// Bits of each code as the last trees gave them; the parse chooses by these.
+struct Prices {
+    std::array<uint32_t, kNC> c;
+    std::array<uint32_t, kNP> p; // code and extra bits of a position class
+
+    Prices()
+    {
+        for (int s = 0; s < kNC; ++s)
+            c[s] = s < 256 ? 8 : 8 + (s - 256) / 32;
+        for (int k = 0; k < kNP; ++k)
+            p[k] = 3 + (k > 1 ? k - 1 : 0);
+    }
+
+    void learn(const uint32_t* cFreq, const uint32_t* pFreq)
+    {
+        std::array<uint8_t, kNC> cl;
+        std::array<uint8_t, kNP> pl;
+        huffLengths(cFreq, kNC, cl.data());
+        huffLengths(pFreq, kNP, pl.data());
+        // Codes that did not occur would get long codes if they came.
+        for (int s = 0; s < kNC; ++s)
+            c[s] = cl[s] ? cl[s] : 13;
+        for (int k = 0; k < kNP; ++k)
+            p[k] = (pl[k] ? pl[k] : 6) + (k > 1 ? k - 1 : 0);
+    }
+
+    uint32_t match(int len, unsigned distance) const
+    {
+        return c[256 + len - kMinMatch] + p[positionSlot(distance - 1)];
+    }
+};
+
+// The parse of one stretch of input: the matches found at every position and the cheapest
+// path through them by the current prices.
+class Parser {
+public:
+    Parser(const uint8_t* in, qsizetype n) : in_(in), n_(n), mf_(in, n) {}
+
+    // Finds the matches of [from, to); matches end at `to` at the latest.
+    void collect(qsizetype from, qsizetype to)
+    {
+        from_ = from;
+        const qsizetype len = to - from;
+        first_.assign(len + 1, 0);
+        matches_.clear();
+        qsizetype p = from;
+        while (p < to) {
+            first_[p - from] = static_cast<uint32_t>(matches_.size());
+            const int maxLen = static_cast<int>(std::min<qsizetype>(kMaxMatch, to - p));
+            const int longest = mf_.findAll(p, maxLen, matches_);
+            if (longest >= kNiceMatch) {
+                // Long repeats (filler sectors) are taken whole: no search inside them.
+                for (qsizetype q = p + 1; q < p + longest; ++q) {
+                    mf_.insert(q);
+                    first_[q - from] = static_cast<uint32_t>(matches_.size());
+                }
+                p += longest;
+            } else {
+                ++p;
+            }
+        }
+        first_[len] = static_cast<uint32_t>(matches_.size());
+    }
+
+    // The cheapest codes for the stretch, in order.
+    void choose(const Prices& prices, std::vector<Code>& codes)
+    {
+        const qsizetype len = qsizetype(first_.size()) - 1;
+        cost_.assign(len + 1, UINT32_MAX);
+        step_.assign(len + 1, {0, 0});
+        cost_[0] = 0;
+        for (qsizetype i = 0; i < len; ++i) {
+            const uint32_t here = cost_[i];
+            const uint32_t lit = here + prices.c[in_[from_ + i]];
+            if (lit < cost_[i + 1]) {
+                cost_[i + 1] = lit;
+                step_[i + 1] = {1, 0};
+            }
+            int shorter = kMinMatch - 1;
+            for (uint32_t k = first_[i]; k < first_[i + 1]; ++k) {
+                const Match m = matches_[k];
+                const uint32_t pos = prices.p[positionSlot(m.distance - 1u)];
+                // Every length up to a short match; of a longer one its own length and the
+                // shortest lengths, whose codes are the cheap ones.
+                const int dense = std::min<int>(m.length, shorter + 8);
+                for (int l = shorter + 1; l <= m.length;
+                     l = (l < dense || l == m.length) ? l + 1 : int(m.length)) {
+                    const uint32_t c = here + prices.c[256 + l - kMinMatch] + pos;
+                    if (c < cost_[i + l]) {
+                        cost_[i + l] = c;
+                        step_[i + l] = {uint16_t(l), m.distance};
+                    }
+                }
+                shorter = m.length;
+            }
+        }
+        const size_t start = codes.size();
+        for (qsizetype i = len; i > 0;) {
+            const Match s = step_[i];
+            if (s.length == 1) {
+                codes.push_back({in_[from_ + i - 1], 0});
+                i -= 1;
+            } else {
+                codes.push_back({uint16_t(256 + s.length - kMinMatch), uint16_t(s.distance - 1)});
+                i -= s.length;
+            }
+        }
+        std::reverse(codes.begin() + start, codes.end());
+    }
+
+private:
+    const uint8_t* in_;
+    qsizetype n_;
+    Matcher mf_;
+    qsizetype from_ = 0;
+    std::vector<uint32_t> first_; // index of the first match of each position
+    std::vector<Match> matches_;
+    std::vector<uint32_t> cost_;
+    std::vector<Match> step_; // how each position is reached: length 1 = a byte
+};
+
 // Codes gather in chunks; a chunk joins the open block while one tree for both costs fewer
 // bits than two, otherwise the block is written and the chunk opens the next.
-constexpr size_t kChunkCodes = 4096;
+constexpr size_t kChunkCodes = 1024;
 
 class BlockSink {
 public:
@@ -549,51 +672,30 @@ bool EncodeLh5(const uint8_t* data, qsizetype size, QByteArray& out, qsizetype l
 {
     const qsizetype base = out.size();
     BlockSink sink(out);
-    Matcher mf(data, size);
-    // Progress and the size check come every 64 KiB of input.
-    constexpr qsizetype kStep = 64 * 1024;
-    qsizetype nextReport = kStep;
-
-    // Lazy matching: a match is taken only if the next position doesn't start a longer one.
-    qsizetype p = 0;
-    unsigned dist = 0;
-    int len = size > 0 ? mf.findAndInsert(0, dist, 0) : 0;
-    while (p < size) {
-        if (p >= nextReport) {
-            nextReport += kStep;
-            if (out.size() - base > limit)
-                return false;
-            if (progress)
-                progress(p);
+    Parser parser(data, size);
+    Prices prices;
+    std::vector<Code> codes;
+    // The input goes in stretches; each is parsed twice, the second time by the prices that
+    // the first parse gave, which then carry over to the next stretch.
+    constexpr qsizetype kStretch = 32 * 1024;
+    for (qsizetype from = 0; from < size; from += kStretch) {
+        const qsizetype to = std::min(size, from + kStretch);
+        parser.collect(from, to);
+        for (int pass = 0; pass < 2; ++pass) {
+            codes.clear();
+            parser.choose(prices, codes);
+            BlockPlan stats;
+            stats.add(codes.data(), codes.size());
+            prices.learn(stats.cFreq.data(), stats.pFreq.data());
         }
-        if (len == 0) {
-            sink.push(data[p]);
-            ++p;
-            len = p < size ? mf.findAndInsert(p, dist, 0) : 0;
-            continue;
-        }
-        if (len < kMaxMatch && p + 1 < size) {
-            unsigned dist2 = 0;
-            const int len2 = mf.findAndInsert(p + 1, dist2, len);
-            if (len2 > len) {
-                sink.push(data[p]);
-                ++p;
-                len = len2;
-                dist = dist2;
-                continue;
-            }
-        } else if (p + 1 < size) {
-            mf.insert(p + 1);
-        }
-        sink.push(static_cast<uint16_t>(256 + len - kMinMatch), static_cast<uint16_t>(dist - 1));
-        for (qsizetype q = p + 2; q < p + len; ++q)
-            mf.insert(q);
-        p += len;
-        len = p < size ? mf.findAndInsert(p, dist, 0) : 0;
+        for (const Code& c : codes)
+            sink.push(c.sym, c.offset);
+        if (out.size() - base > limit)
+            return false;
+        if (progress)
+            progress(to);
     }
     sink.finish();
-    if (progress)
-        progress(size);
     return out.size() - base <= limit;
 }
 

@@ -21,7 +21,7 @@ QString frmTitle::VersionText(int major, int minor, int revision)
 }
 
 frmTitle::frmTitle(QWidget* parent)
-    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint)
+    : QWidget(parent, Qt::SplashScreen | Qt::FramelessWindowHint)
 {
     setObjectName(QStringLiteral("frmTitle"));
     setWindowTitle(QStringLiteral("TORVANE"));

@@ -4,6 +4,8 @@
 #include "platform/MsgBox.h"
 
 #include <QApplication>
+#include <QGridLayout>
+#include <QSpacerItem>
 #include <QMessageBox>
 #include <QPushButton>
 
@@ -14,6 +16,13 @@ int ShowQtMessageBox(const MsgBoxCall& call)
     QMessageBox box(QApplication::activeWindow());
     box.setWindowTitle(call.caption);
     box.setText(call.text);
+    // The captions carry part of the message ("TORVANE.CFG がありません"): keep the box wide
+    // enough for the window manager to show the whole title.
+    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+        const int want = box.fontMetrics().horizontalAdvance(call.caption) + 160;
+        grid->addItem(new QSpacerItem(want, 0, QSizePolicy::Minimum, QSizePolicy::Expanding),
+                      grid->rowCount(), 0, 1, grid->columnCount());
+    }
     switch (call.flags & 0x70) {
     case MbCritical:
         box.setIcon(QMessageBox::Critical);

@@ -155,6 +155,7 @@ frmCfg::frmCfg(QWidget* parent) : QDialog(parent)
     cmdHelpContext = mk("cmdHelpContext", "ﾍﾙﾌﾟ(&H)");
     cmdHelpContext->setEnabled(false); // the help file comes with the help system
     cmdOK = mk("cmdOK", "OK");
+    cmdOK->setDefault(true); // Enter in a box stores and closes, as in any settings dialog
     cmdCancel = mk("cmdCancel", "ｷｬﾝｾﾙ");
     cmdApply = mk("cmdApply", "適用(&A)");
     buttons->addWidget(cmdHelpContext);

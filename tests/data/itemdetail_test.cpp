@@ -61,7 +61,7 @@ protected:
               uint8_t rearc = 0)
     {
         tvtest::LstFields f;
-        f.title = "イース";
+        f.title = "イルマータ";
         f.start = start;
         f.jitu = jitu;
         f.scr = scr;
@@ -80,7 +80,7 @@ protected:
 TEST_F(ItemDetailTest, ScrFileThatExistsIsLoadedDirectly)
 {
     const QString p = save("snap/x.bmp", Qt::red, "BMP");
-    load("YS.D88", "", p);
+    load("YULA.D88", "", p);
     QImage img;
     EXPECT_EQ(FindItemPicture(lst, 0, img), p);
     EXPECT_EQ(colour(img), qRgb(255, 0, 0));
@@ -89,7 +89,7 @@ TEST_F(ItemDetailTest, ScrFileThatExistsIsLoadedDirectly)
 TEST_F(ItemDetailTest, ScrFileAsNameInSnapDir)
 {
     save("snap/shot.png", Qt::green, "PNG");
-    load("YS.D88", "", "shot.png");
+    load("YULA.D88", "", "shot.png");
     QImage img;
     EXPECT_EQ(FindItemPicture(lst, 0, img), root.path() + "/snap/shot.png");
     EXPECT_EQ(colour(img), qRgb(0, 255, 0));
@@ -97,48 +97,48 @@ TEST_F(ItemDetailTest, ScrFileAsNameInSnapDir)
 
 TEST_F(ItemDetailTest, WindowsPathFoundByItsFileNameOnlyWithSearch)
 {
-    save("snap/YS1.PNG", Qt::blue, "PNG");
-    load("YS.D88", "C:\\GAMES\\PC88\\YS.D88", "C:\\SNAP\\YS1.PNG");
+    save("snap/YULA1.PNG", Qt::blue, "PNG");
+    load("YULA.D88", "C:\\GAMES\\PC88\\YULA.D88", "C:\\SNAP\\YULA1.PNG");
     QImage img;
     EXPECT_EQ(FindItemPicture(lst, 0, img), "");
     EXPECT_EQ(img, NoImagePicture);
     Cfg.ScrSearchRead = 1;
-    EXPECT_EQ(FindItemPicture(lst, 0, img), root.path() + "/snap/YS1.PNG");
+    EXPECT_EQ(FindItemPicture(lst, 0, img), root.path() + "/snap/YULA1.PNG");
     EXPECT_EQ(colour(img), qRgb(0, 0, 255));
 }
 
 TEST_F(ItemDetailTest, StartFileBaseTriedPngJpgBmpInOrder)
 {
-    save("snap/YS.jpg", Qt::yellow, "JPG");
-    save("snap/YS.bmp", Qt::cyan, "BMP");
-    load("YS.D88", "", "");
+    save("snap/YULA.jpg", Qt::yellow, "JPG");
+    save("snap/YULA.bmp", Qt::cyan, "BMP");
+    load("YULA.D88", "", "");
     QImage img;
     // Without the search a title without ScrFile shows no picture.
     EXPECT_EQ(FindItemPicture(lst, 0, img), "");
     EXPECT_EQ(img, NoImagePicture);
     Cfg.ScrSearchRead = 1;
-    EXPECT_EQ(FindItemPicture(lst, 0, img), root.path() + "/snap/YS.jpg");
-    save("snap/YS.png", Qt::magenta, "PNG");
-    EXPECT_EQ(FindItemPicture(lst, 0, img), root.path() + "/snap/YS.png");
+    EXPECT_EQ(FindItemPicture(lst, 0, img), root.path() + "/snap/YULA.jpg");
+    save("snap/YULA.png", Qt::magenta, "PNG");
+    EXPECT_EQ(FindItemPicture(lst, 0, img), root.path() + "/snap/YULA.png");
     EXPECT_EQ(colour(img), qRgb(255, 0, 255));
 }
 
 TEST_F(ItemDetailTest, RealFileBaseOnlyWhenTheRealFileExists)
 {
-    save("snap/YSDISKS.bmp", Qt::gray, "BMP");
+    save("snap/YULADISKS.bmp", Qt::gray, "BMP");
     Cfg.ScrSearchRead = 1;
-    load("YS.D88", "C:\\GAMES\\PC88\\YSDISKS.LZH", "");
+    load("YULA.D88", "C:\\GAMES\\PC88\\YULADISKS.LZH", "");
     QImage img;
     EXPECT_EQ(FindItemPicture(lst, 0, img), ""); // the archive is nowhere here
-    ASSERT_TRUE(tvtest::WriteBytes(root.path() + "/img/YSDISKS.LZH", "x"));
-    EXPECT_EQ(FindItemPicture(lst, 0, img), root.path() + "/snap/YSDISKS.bmp");
+    ASSERT_TRUE(tvtest::WriteBytes(root.path() + "/img/YULADISKS.LZH", "x"));
+    EXPECT_EQ(FindItemPicture(lst, 0, img), root.path() + "/snap/YULADISKS.bmp");
 }
 
 TEST_F(ItemDetailTest, PngThatIsReallyAGifShowsNoPicture)
 {
     const QString p = root.path() + "/snap/fake.png";
     ASSERT_TRUE(tvtest::WriteBytes(p, kGif));
-    load("YS.D88", "", p);
+    load("YULA.D88", "", p);
     QImage img;
     EXPECT_EQ(FindItemPicture(lst, 0, img), "");
     EXPECT_EQ(img, NoImagePicture);
@@ -179,7 +179,7 @@ TEST_F(ItemDetailTest, DefaultScreenshot)
     const QString def = save("def/nopic.png", Qt::darkGreen, "PNG");
     Cfg.DefScrFlag = 1;
     Cfg.DefScrPath = def;
-    load("YS.D88", "", "");
+    load("YULA.D88", "", "");
     QImage img;
     EXPECT_EQ(FindItemPicture(lst, 0, img), "");
     EXPECT_EQ(colour(img), picture(Qt::darkGreen).pixel(0, 0));
@@ -195,11 +195,11 @@ TEST_F(ItemDetailTest, DefaultScreenshot)
 TEST_F(ItemDetailTest, DetailTextForPlainImageAndArchives)
 {
     tvtest::LstFields f;
-    f.title = "ザナドゥ";
+    f.title = "ザルバード";
     f.genre = "RPG";
     f.col2 = "5インチ";
-    f.start = "XANADU.D88";
-    f.jitu = "C:\\GAMES\\XANADU.D88";
+    f.start = "XALBARD.D88";
+    f.jitu = "C:\\GAMES\\XALBARD.D88";
     f.comment = "一行目\r\n二行目";
     ASSERT_TRUE(tvtest::WriteBytes(AppDir + "/TORVANE.LST",
                                    tvtest::LstHeaderBytes(0) + tvtest::MakeLstRecord(0, f)));
@@ -207,16 +207,16 @@ TEST_F(ItemDetailTest, DetailTextForPlainImageAndArchives)
     ASSERT_TRUE(lst.GetLst(25));
     EXPECT_EQ(
         ItemDetailText(lst),
-        QStringLiteral("[Title] ザナドゥ　( XANADU.D88 )\r\n[Genre] RPG\r\n[媒体] 5インチ\r\n"
+        QStringLiteral("[Title] ザルバード　( XALBARD.D88 )\r\n[Genre] RPG\r\n[媒体] 5インチ\r\n"
                        "[状 態] イメージファイル直接指定\r\n\r\n[Comment]\r\n一行目\r\n二行目"));
-    EXPECT_EQ(ItemStatusText(lst), QStringLiteral("ザナドゥ選択中．．  (XANADU.D88)"));
+    EXPECT_EQ(ItemStatusText(lst), QStringLiteral("ザルバード選択中．．  (XALBARD.D88)"));
 
     const char* exts[] = {"LZH", "ZIP", "CAB", "RAR"};
     const char* kinds[] = {
         "(*.LZH) / 再圧縮:", "(*.ZIP) / 再圧縮:", "(*.CAB) / 再圧縮:", "(不明な形式) / 再圧縮:"};
     const char* states[] = {"No", "Yes", "Check", "No"};
     for (int i = 0; i < 4; ++i) {
-        load("YS.D88", QString("C:\\A\\YS.%1").arg(exts[i]), "", 1, uint8_t(i == 3 ? 9 : i));
+        load("YULA.D88", QString("C:\\A\\YULA.%1").arg(exts[i]), "", 1, uint8_t(i == 3 ? 9 : i));
         const QString expected = QStringLiteral("[状 態] 圧縮ファイル") +
                                  QString::fromUtf8(kinds[i]) + QString::fromLatin1(states[i]);
         EXPECT_TRUE(ItemDetailText(lst).contains(expected + "\r\n\r\n[Comment]\r\n"))
@@ -306,12 +306,12 @@ TEST(EmuRunCaptions, ByFamily)
 
 TEST_F(ItemDetailTest, SaveStateSlots)
 {
-    ASSERT_TRUE(tvtest::WriteBytes(root.path() + "/p88save/YS.SV0", "s"));
-    ASSERT_TRUE(tvtest::WriteBytes(root.path() + "/p88save/YS.SV7", "s"));
-    ASSERT_TRUE(tvtest::WriteBytes(root.path() + "/m88save/YS_3.S88", "s"));
-    ASSERT_TRUE(tvtest::WriteBytes(root.path() + "/m88save/YS3.S88", "s")); // not the pattern
-    const auto p = P88SaveSlots("YS.D88");
-    const auto m = M88SaveSlots("YS.D88");
+    ASSERT_TRUE(tvtest::WriteBytes(root.path() + "/p88save/YULA.SV0", "s"));
+    ASSERT_TRUE(tvtest::WriteBytes(root.path() + "/p88save/YULA.SV7", "s"));
+    ASSERT_TRUE(tvtest::WriteBytes(root.path() + "/m88save/YULA_3.S88", "s"));
+    ASSERT_TRUE(tvtest::WriteBytes(root.path() + "/m88save/YULA3.S88", "s")); // not the pattern
+    const auto p = P88SaveSlots("YULA.D88");
+    const auto m = M88SaveSlots("YULA.D88");
     for (int i = 0; i < 10; ++i) {
         EXPECT_EQ(p[i], i == 0 || i == 7) << i;
         EXPECT_EQ(m[i], i == 3) << i;

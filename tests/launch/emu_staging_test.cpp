@@ -1,4 +1,5 @@
 #include "data/Cfg.h"
+#include "data/clsLst.h"
 #include "launch/EmuStaging.h"
 #include "shell/Globals.h"
 #include "support/GuardedDirs.h"
@@ -55,16 +56,12 @@ protected:
         WorkDir = root.path("work");
         for (int i = 0; i < 3; ++i)
             PatSaveDir[i] = root.path(QStringLiteral("pat%1").arg(i));
-        CurrentItemEmuOpt88 = nullptr;
-        CurrentItemEmuOptX1 = nullptr;
     }
     void TearDown() override
     {
         Cfg = CfgRecord{};
         WorkDir.clear();
         PatSaveDir = {};
-        CurrentItemEmuOpt88 = nullptr;
-        CurrentItemEmuOptX1 = nullptr;
     }
     tvtest::GuardedDirs root;
 };
@@ -286,21 +283,26 @@ TEST_F(StagingTest, PciDebugTakesTheCurrentItemsRecordWhenDefOptIsOff)
     PutDriver(PatSaveDir[0]);
     PutDriver(PatSaveDir[2]);
     Cfg.CfgEmuOpt88.M88_1Op[24] = 1; // the default would stage it
-    EmuOpt88 item;
-    CurrentItemEmuOpt88 = [&] { return item; };
+    // The title's block stands in the catalogue's record buffer.
+    CurEmuOpt88 = EmuOpt88{};
+    LstObj.SetEmuOpt88();
     uint8_t flag = 0;
     StagePciDebug(flag, 2, 0);
     EXPECT_TRUE(Files(WorkDir).isEmpty());
-    item.M88_5Op[7] = 1;
+    CurEmuOpt88.M88_5Op[7] = 1;
+    LstObj.SetEmuOpt88();
+    CurEmuOpt88 = EmuOpt88{}; // the launch fetches it anew from the record
     StagePciDebug(flag, 2, 0);
     EXPECT_EQ(Files(WorkDir), DriverSorted());
     UnstagePciDebug(flag, 2);
 
-    EmuOptX1 x1;
-    CurrentItemEmuOptX1 = [&] { return x1; };
+    CurEmuOptX1 = EmuOptX1{};
+    LstObj.SetEmuOptX1();
     StagePciDebug(flag, 22, 0);
     EXPECT_TRUE(Files(WorkDir).isEmpty());
-    x1.Xmil_1Op[25] = 1;
+    CurEmuOptX1.Xmil_1Op[25] = 1;
+    LstObj.SetEmuOptX1();
+    CurEmuOptX1 = EmuOptX1{};
     StagePciDebug(flag, 22, 0);
     EXPECT_EQ(Files(WorkDir), DriverSorted());
     UnstagePciDebug(flag, 22);

@@ -66,9 +66,9 @@ bool ReadWithLibarchive(const QByteArray& bytes, QList<Member>& members, QString
     return ok;
 }
 
-QByteArray RandomBytes(qsizetype n, quint32 seed)
+QByteArray RandomBytes(qsizetype n, quint32 rngSeed)
 {
-    QRandomGenerator rng(seed);
+    QRandomGenerator rng(rngSeed);
     QByteArray b(n, Qt::Uninitialized);
     for (qsizetype i = 0; i < n; ++i)
         b[i] = char(rng.bounded(256));
@@ -76,7 +76,7 @@ QByteArray RandomBytes(qsizetype n, quint32 seed)
 }
 
 // Words of a small vocabulary in Shift-JIS and ASCII, as in game manuals and READMEs.
-QByteArray TextBytes(qsizetype n, quint32 seed)
+QByteArray TextBytes(qsizetype n, quint32 rngSeed)
 {
     static const char* const kWords[] = {
         "DISK",   "BASIC",    "LOAD", "RUN",  "ENTER",      "the",      "game",   "start",  "\r\n",
@@ -84,7 +84,7 @@ QByteArray TextBytes(qsizetype n, quint32 seed)
     QList<QByteArray> words;
     for (const char* w : kWords)
         words.append(ToSjis(QString::fromUtf8(w)));
-    QRandomGenerator rng(seed);
+    QRandomGenerator rng(rngSeed);
     QByteArray b;
     while (b.size() < n) {
         b += words[rng.bounded(int(words.size()))];
@@ -94,9 +94,9 @@ QByteArray TextBytes(qsizetype n, quint32 seed)
 }
 
 // Long runs of one byte with short stretches of other content between them.
-QByteArray RepetitiveBytes(qsizetype n, quint32 seed)
+QByteArray RepetitiveBytes(qsizetype n, quint32 rngSeed)
 {
-    QRandomGenerator rng(seed);
+    QRandomGenerator rng(rngSeed);
     QByteArray b;
     while (b.size() < n) {
         b += QByteArray(int(rng.bounded(100, 3000)), char(0xE5));
@@ -106,9 +106,9 @@ QByteArray RepetitiveBytes(qsizetype n, quint32 seed)
 }
 
 // Text, code-like bytes and filler in turn, like a disk image.
-QByteArray MixedBytes(qsizetype n, quint32 seed)
+QByteArray MixedBytes(qsizetype n, quint32 rngSeed)
 {
-    QRandomGenerator rng(seed);
+    QRandomGenerator rng(rngSeed);
     QByteArray b;
     while (b.size() < n) {
         switch (rng.bounded(3)) {

@@ -34,9 +34,9 @@ private:
     void writeCatalogue()
     {
         QByteArray b = tvtest::LstHeaderBytes(0);
-        const char* titles[] = {"ザナドゥ", "イース", "ハイドライド"};
-        const char* starts[] = {"XANADU.D88", "YS.T88", "HYDLIDE.CMT"};
-        const char* makers[] = {"Falcom", "falcom", "T&E"};
+        const char* titles[] = {"ザルバード", "イルマータ", "ハルモニカ"};
+        const char* starts[] = {"XALBARD.D88", "YULA.T88", "HARMONI.CMT"};
+        const char* makers[] = {"Fanrock", "fanrock", "T&K"};
         for (int i = 0; i < 3; ++i) {
             tvtest::LstFields f;
             f.title = QString::fromUtf8(titles[i]);
@@ -106,7 +106,7 @@ private slots:
         delete ui;
         ui = new CatalogueUi(w, win);
         ui->LoadList();
-        QCOMPARE(titles(), QStringList({"ザナドゥ", "イース", "ハイドライド"}));
+        QCOMPARE(titles(), QStringList({"ザルバード", "イルマータ", "ハルモニカ"}));
         QCOMPARE(ui->model()->key(1), QString("K%1").arg(25 + 2284));
         QCOMPARE(yields, 2); // with the total and at the last row; between them every 30 ms
         QCOMPARE(win->windowTitle(),
@@ -134,7 +134,7 @@ private slots:
         TitleClosed = 0;
         ui->LoadList();
         QCOMPARE(ui->SelectedKey(), QString("K%1").arg(25 + 2284));
-        QVERIFY(w.txtSyosai->toPlainText().startsWith("[Title] イース"));
+        QVERIFY(w.txtSyosai->toPlainText().startsWith("[Title] イルマータ"));
         TitleClosed = 1;
         ui->LoadList();
         QCOMPARE(ui->SelectedKey(), QString());
@@ -147,13 +147,13 @@ private slots:
         QFile::remove(AppDir + "/TORVANE.CFG");
         ui->lstD88_ColumnClick(3); // Maker ascending: key 6
         QCOMPARE(int(Cfg.SortKey), 6);
-        QCOMPARE(titles(), QStringList({"ザナドゥ", "イース", "ハイドライド"})); // Falcom = falcom
+        QCOMPARE(titles(), QStringList({"ザルバード", "イルマータ", "ハルモニカ"})); // Fanrock = fanrock
         QVERIFY(w.menu("mnuViewSortMakerRun(6)")->isChecked());
         QVERIFY(ui->mnuPop("mnuPopSortMakerRun(6)")->isChecked());
         QVERIFY(QFile::exists(AppDir + "/TORVANE.CFG"));
         ui->lstD88_ColumnClick(3);
         QCOMPARE(int(Cfg.SortKey), 7);
-        QCOMPARE(titles(), QStringList({"ハイドライド", "ザナドゥ", "イース"}));
+        QCOMPARE(titles(), QStringList({"ハルモニカ", "ザルバード", "イルマータ"}));
         QVERIFY(!w.menu("mnuViewSortMakerRun(6)")->isChecked());
         QVERIFY(w.menu("mnuViewSortMakerRun(7)")->isChecked());
         ui->lstD88_ColumnClick(4);
@@ -165,7 +165,7 @@ private slots:
         // Through the menu: descending file order, with no second load behind it.
         w.menu("mnuViewSortRegistRun(1)")->trigger();
         QCOMPARE(int(Cfg.SortKey), 1);
-        QCOMPARE(titles(), QStringList({"ハイドライド", "イース", "ザナドゥ"}));
+        QCOMPARE(titles(), QStringList({"ハルモニカ", "イルマータ", "ザルバード"}));
         QVERIFY(w.menu("mnuViewSortRegistRun(1)")->isChecked());
         QVERIFY(!w.menu("mnuViewSortColl2Run(10)"));
         ui->mnuPop("mnuPopSortTitleRun(2)")->trigger();
@@ -174,9 +174,9 @@ private slots:
         QVERIFY(!w.menu("mnuViewSortRegistRun(1)")->isChecked());
         // A reload re-applies the key in force.
         ui->LoadList();
-        QCOMPARE(titles(), QStringList({"イース", "ザナドゥ", "ハイドライド"}));
+        QCOMPARE(titles(), QStringList({"イルマータ", "ザルバード", "ハルモニカ"}));
         w.menu("mnuViewSortRegistRun(0)")->trigger();
-        QCOMPARE(titles(), QStringList({"ザナドゥ", "イース", "ハイドライド"}));
+        QCOMPARE(titles(), QStringList({"ザルバード", "イルマータ", "ハルモニカ"}));
     }
 
     void detailEnablesExactlyTheEmulatorsThatTakeTheFile()
@@ -187,7 +187,7 @@ private slots:
         QVERIFY(ui->cmdEmuRun(2)->isEnabled());
         QVERIFY(!ui->cmdEmuRun(3)->isEnabled());
         QVERIFY(ui->cmdEmuRun(4)->isEnabled());
-        select(2); // HYDLIDE.CMT: only X88000 among those in use
+        select(2); // HARMONI.CMT: only X88000 among those in use
         QVERIFY(!ui->cmdEmuRun(1)->isEnabled());
         QVERIFY(!ui->cmdEmuRun(2)->isEnabled());
         QVERIFY(ui->cmdEmuRun(4)->isEnabled());
@@ -196,9 +196,9 @@ private slots:
         QVERIFY(ui->mnuPop("mnuPopEmuRunEach(4)")->isEnabled());
         QVERIFY(!ui->cmdManFile(0)->isEnabled());
         QCOMPARE(ui->statusPanel1()->text(),
-                 QStringLiteral("ハイドライド選択中．．  (HYDLIDE.CMT)"));
+                 QStringLiteral("ハルモニカ選択中．．  (HARMONI.CMT)"));
         QCOMPARE(ui->shownPicture(), NoImagePicture);
-        select(0); // XANADU.D88 with a manual
+        select(0); // XALBARD.D88 with a manual
         QVERIFY(ui->cmdEmuRun(1)->isEnabled());
         QVERIFY(ui->cmdEmuRun(2)->isEnabled());
         QVERIFY(!ui->cmdEmuRun(3)->isEnabled()); // not in use
@@ -222,14 +222,14 @@ private slots:
         Cfg.ScrSearchRead = 1;
         QImage red(4, 4, QImage::Format_RGB32);
         red.fill(Qt::red);
-        QVERIFY(red.save(SnapDir[0] + "/YS.png", "PNG"));
+        QVERIFY(red.save(SnapDir[0] + "/YULA.png", "PNG"));
         ui->LoadList();
         select(1);
-        QCOMPARE(ui->shownPicturePath(), SnapDir[0] + "/YS.png");
+        QCOMPARE(ui->shownPicturePath(), SnapDir[0] + "/YULA.png");
         QCOMPARE(ui->shownPicture().pixel(0, 0), qRgb(255, 0, 0));
         // The same name holding a GIF.
         QVERIFY(
-            tvtest::WriteBytes(SnapDir[0] + "/YS.png",
+            tvtest::WriteBytes(SnapDir[0] + "/YULA.png",
                                QByteArray::fromHex("474946383961010001008000000000"
                                                    "00ffffff2c00000000010001000002024401003b")));
         select(1);
@@ -239,8 +239,8 @@ private slots:
 
     void saveStateLabels()
     {
-        QVERIFY(tvtest::WriteBytes(P88SaveDir + "/XANADU.SV2", "s"));
-        QVERIFY(tvtest::WriteBytes(P88SaveDir + "/XANADU.SV5", "s"));
+        QVERIFY(tvtest::WriteBytes(P88SaveDir + "/XALBARD.SV2", "s"));
+        QVERIFY(tvtest::WriteBytes(P88SaveDir + "/XALBARD.SV5", "s"));
         ui->LoadList();
         select(0);
         QVERIFY(ui->lblP88Save()->isVisibleTo(win));
@@ -257,7 +257,7 @@ private slots:
         QTest::mouseClick(ui->lblP88Save(), Qt::LeftButton);
         QCOMPARE(CatalogueUi::labelColour(ui->lblP88Save()), QColor(255, 0, 0));
         QCOMPARE(CatalogueUi::labelColour(ui->lblP88SaveData(2)), QColor(0, 0, 0));
-        select(1); // YS has none
+        select(1); // YULA has none
         QVERIFY(!ui->lblP88SaveData(2)->isEnabled());
         QVERIFY(!ui->lblP88Save()->isVisibleTo(win));
     }
@@ -321,7 +321,7 @@ private slots:
     {
         QImage shot(320, 200, QImage::Format_RGB32);
         shot.fill(QColor(20, 40, 120));
-        QVERIFY(shot.save(SnapDir[0] + "/XANADU.png", "PNG"));
+        QVERIFY(shot.save(SnapDir[0] + "/XALBARD.png", "PNG"));
         Cfg.ScrSearchRead = 1;
         Cfg.ViewScrCom = 0;
         ui->FamilyChanged(0);
@@ -334,7 +334,7 @@ private slots:
         const QPixmap pm = win->grab();
         QVERIFY(!pm.isNull());
         QVERIFY(w.fraScrCom->isVisible());
-        QCOMPARE(ui->shownPicturePath(), SnapDir[0] + "/XANADU.png");
+        QCOMPARE(ui->shownPicturePath(), SnapDir[0] + "/XALBARD.png");
         const QString dir = qEnvironmentVariable("TORVANE_SHOTS");
         if (!dir.isEmpty())
             QVERIFY(pm.save(dir + "/catalogue_main.png"));
