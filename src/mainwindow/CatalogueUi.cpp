@@ -601,9 +601,17 @@ void CatalogueUi::PutFreeColName()
 void CatalogueUi::ApplyCfg()
 {
     PutFreeColName();
-    applyColumnWidths();
-    if (chkPatUse_[0])
-        chkPatUse_[0]->setChecked(Cfg.PatUse == 1);
+    // The stored widths come once, at start-up; later the user's widths stand until the exit
+    // stores them, whatever dialog changes the configuration meanwhile.
+    if (!widthsApplied_) {
+        widthsApplied_ = true;
+        applyColumnWidths();
+    }
+    for (QCheckBox* c : chkPatUse_)
+        if (c)
+            c->setChecked(Cfg.PatUse == 1);
+    if (HardWare <= 2 && chkDefOpt_[HardWare])
+        chkDefOpt_[HardWare]->setChecked(Cfg.DefOpt == 1);
     const QString pan = VbTrim(Cfg.FmPanFile);
     const bool panOk = !pan.isEmpty() && !FindFile(pan).isEmpty();
     if (chkPanUse_) {
@@ -619,7 +627,11 @@ void CatalogueUi::ApplyCfg()
             a->setChecked(Cfg.ViewGrid == 1);
     }
     w_.lstD88->setShowGrid(Cfg.ViewGrid == 1);
-    if (w_.imgScr && !NoImagePicture.isNull()) {
+    // A selected row is shown anew under the changed configuration (directories, use flags);
+    // without one the pane shows the no-picture image.
+    if (selectedRow() >= 0) {
+        ShowItemDetail();
+    } else if (w_.imgScr && !NoImagePicture.isNull()) {
         picture_ = NoImagePicture;
         ShowNoImage(picture_);
         showPicture(picture_);

@@ -88,7 +88,8 @@ public:
     void ClearSortCheck();
     void SetSortCheck(int key);
     void PutFreeColName();
-    // Start-up step 13: what the configuration sets on the list, the footers and the pane.
+    // Start-up step 13, and again after a settings dialog stored the configuration: what it
+    // sets on the list, the footers and the pane; a selected row is shown anew.
     void ApplyCfg();
     void lstD88_ColumnClick(int column);
     void mnuViewSortRun_Click(int key);
@@ -144,6 +145,7 @@ private:
     QImage picture_;
     QString picturePath_;
     bool sortReentry_ = false;
+    bool widthsApplied_ = false;
 };
 
 } // namespace tv

@@ -387,6 +387,36 @@ private slots:
         QVERIFY(!ui->mnuPop("mnuPopSort")->isEnabled());
     }
 
+    // A settings dialog that stored the configuration: the selected title stays shown with its
+    // picture, the switches follow the record, the user's column widths stay.
+    void storedCfgRefreshesThePane()
+    {
+        QImage shot(32, 20, QImage::Format_RGB32);
+        shot.fill(QColor(200, 30, 30));
+        QVERIFY(shot.save(SnapDir[0] + "/XALBARD.png", "PNG"));
+        Cfg.ScrSearchRead = 1;
+        ui->ApplyCfg();
+        ui->FamilyChanged(0);
+        select(0);
+        QCOMPARE(ui->shownPicturePath(), SnapDir[0] + "/XALBARD.png");
+        w.lstD88->setColumnWidth(0, 123);
+        Cfg.DefOpt = 1;
+        Cfg.PatUse = 1;
+        Cfg.X88kUse = 0;
+        ui->ApplyCfg();
+        QCOMPARE(ui->SelectedKey(), QString("K25"));
+        QCOMPARE(ui->shownPicturePath(), SnapDir[0] + "/XALBARD.png");
+        QVERIFY(w.txtSyosai->toPlainText().startsWith("[Title] ザルバード"));
+        QCOMPARE(w.lstD88->columnWidth(0), 123);
+        QVERIFY(ui->chkDefOpt(0)->isChecked());
+        QVERIFY(ui->chkPatUse(0)->isChecked());
+        QVERIFY(!ui->cmdEmuRun(4)->isEnabled()); // no longer in use
+        QVERIFY(ui->cmdEmuRun(1)->isEnabled());
+        ui->cmdNoSelect(0)->click();
+        ui->ApplyCfg();
+        QCOMPARE(ui->shownPicture(), NoImagePicture);
+    }
+
     void freeColumnNamesAndColumnReset()
     {
         Cfg.FreeColName1 = "機種      ";
