@@ -1,12 +1,15 @@
 // The real main window through its start-up: a first start cancelled at frmCfg, a first start
 // filled in, and a start with a valid configuration up to the shown window and its close.
 #include "data/Cfg.h"
+#include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmMain.h"
 #include "settings/frmCfg.h"
 #include "shell/Globals.h"
 #include "support/ScriptedMsgBox.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -14,6 +17,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QStandardItemModel>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -134,6 +138,42 @@ private slots:
         DecodeCfg(f.readAll(), back);
         QCOMPARE(back.LastHardWare, uint8_t(2));
         QVERIFY(back.WinWidth > 0);
+    }
+    void settingsStoredFromTheMenuReachTheMainWindow()
+    {
+        CfgRecord c;
+        SetDefaultCfg(c);
+        c.LastHardWare = 1;
+        QFile f(app + "/TORVANE.CFG");
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(EncodeCfg(c));
+        f.close();
+        const QString images = root.path() + "/images-fm7";
+        QVERIFY(QDir().mkpath(images));
+        tvtest::ScriptedMsgBox boxes;
+        frmMain w;
+        w.SetCatalogue(std::make_unique<MainCatalogue>());
+        QVERIFY(w.Load(env()));
+        auto* defOpt = w.findChild<QCheckBox*>("chkDefOpt(1)");
+        auto* patUse = w.findChild<QCheckBox*>("chkPatUse(1)");
+        QVERIFY(defOpt && patUse);
+        QVERIFY(!defOpt->isChecked());
+        QVERIFY(!patUse->isChecked());
+        const QList<int> widthsBefore = {w.lstD88->columnWidth(0), w.lstD88->columnWidth(1)};
+
+        whenCfgShows([&](frmCfg* d) {
+            d->chkDefOpt[2]->setChecked(true); // mirrored to the other pages
+            d->chkParUse[0]->setChecked(true);
+            d->txtImageDir[1]->setText(images);
+            d->cmdOK->click();
+        });
+        w.Menu("mnuOptionCfg")->trigger();
+        QCOMPARE(Cfg.DefOpt, uint8_t(1));
+        QVERIFY(defOpt->isChecked());
+        QVERIFY(patUse->isChecked());
+        QCOMPARE(w.statusBar()->currentMessage(), images);
+        QCOMPARE(QList<int>({w.lstD88->columnWidth(0), w.lstD88->columnWidth(1)}), widthsBefore);
+        w.close();
     }
 };
 
