@@ -3,6 +3,7 @@
 #include "data/ItemDetail.h"
 #include "data/clsLst.h"
 #include "mainwindow/CatalogueUi.h"
+#include "mainwindow/LaunchUi.h"
 #include "shell/Globals.h"
 
 #include <QLabel>
@@ -37,6 +38,8 @@ CatalogueUi* MainCatalogue::ensureUi(frmMain& w)
         std::exit(1);
     };
     ui_ = new CatalogueUi(cw, &w);
+    // The emulator buttons, their menus and Enter on the list start the launch.
+    new LaunchUi(ui_, &w, w.lstD88, &w);
     return ui_;
 }
 

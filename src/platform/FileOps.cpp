@@ -33,7 +33,7 @@ bool WriteAll(int fd, const char* data, size_t len)
 }
 
 // Copies the contents and attributes from `in` to `out`; false on any error.
-bool CopyContents(int in, int out, const struct stat& st)
+bool CopyContents(int in, int out, const struct stat& st, bool durable)
 {
     const qint64 faultAfter = g_copyFaultAfter.load();
     qint64 written = 0;
@@ -63,7 +63,9 @@ bool CopyContents(int in, int out, const struct stat& st)
     const struct timespec times[2] = {st.st_atim, st.st_mtim};
     if (::futimens(out, times) != 0)
         return false;
-    return ::fsync(out) == 0;
+    // Only a copy that replaces a file (a catalogued image coming back) must be on the disk
+    // before the rename; staging copies into the working directory need not wait for it.
+    return !durable || ::fsync(out) == 0;
 }
 
 } // namespace
@@ -88,11 +90,12 @@ bool PlatformCopyFile(const QString& source, const QString& target)
         ::close(in);
         return false;
     }
-    bool ok = CopyContents(in, out, st);
+    const QByteArray dst = QFile::encodeName(target);
+    const bool replacing = ::access(dst.constData(), F_OK) == 0;
+    bool ok = CopyContents(in, out, st, replacing);
     ::close(in);
     if (::close(out) != 0)
         ok = false;
-    const QByteArray dst = QFile::encodeName(target);
     if (ok && ::rename(tmpl.constData(), dst.constData()) == 0)
         return true;
     ::unlink(tmpl.constData());

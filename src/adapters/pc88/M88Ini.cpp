@@ -1,5 +1,7 @@
 #include "adapters/pc88/M88Ini.h"
 
+#include "launch/LaunchCommand.h"
+
 #include "data/Cfg.h"
 #include "shell/Globals.h"
 #include "shell/Sjis.h"
@@ -82,12 +84,8 @@ qint64 M88SwitchesValue(const EmuOpt88& r)
 
 QString M88PathForm(const QString& nativePath)
 {
-    QString p = nativePath;
-    if (p.size() >= 2 && p[1] == QLatin1Char(':'))
-        return p.replace(QLatin1Char('/'), QLatin1Char('\\'));
-    if (p.startsWith(QLatin1Char('/')))
-        p = QStringLiteral("Z:") + p;
-    return p.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    // M88 is a Windows program: it sees paths in Wine's form.
+    return ToWinePath(nativePath);
 }
 
 QString MakeM88Ini(const EmuOpt88& record)

@@ -31,9 +31,7 @@ uint8_t WriteGeneratedM88Ini(const EmuOpt88& block);
 // The road with "既存INI使用" on regenerates nothing (AltFlag stays 0) and corrects three keys of
 // section "M88p2 for Windows" of M88's "M88.INI" through the profile interface: "Flags" as
 // CorrectM88Flags says (read with "" as default), "BIOSPath" = M88PathForm of M88's directory,
-// "Directory" = M88PathForm(WorkDir). NOT YET WIRED: the profile functions (SetIniValue,
-// GetIniValue) are not in the tree yet; the launch frame must do these writes until a
-// function here does them.
+// "Directory" = M88PathForm(WorkDir). The launch frame makes these writes with SetIniValue.
 //
 // The correction of "Flags" on the road with "既存INI使用" on: the text to write, or nothing
 // when the value stays. Longer than 10 characters or not a number: "3". Otherwise, when bit 1

@@ -1,0 +1,87 @@
+#pragma once
+// The road of one launch, from the press of an emulator button to the return to the list:
+// stage 1 puts the title into WorkDir, stage 2 is the frame around one emulator run, stage 3
+// (CheckRepack) sends back what changed. With nothing selected the bare emulator starts.
+#include "adapters/fm7x1/EmuOptFMX1.h"
+#include "adapters/pc88/EmuOpt88.h"
+#include "data/Cfg.h"
+#include "launch/LaunchCommand.h"
+#include "launch/Repack.h"
+
+#include <QString>
+#include <cstdint>
+#include <functional>
+
+namespace tv {
+
+inline const QString kEmuRunErrorCaption = QStringLiteral("Emu実行エラー");
+inline const QString kPrepareErrorText =
+    QStringLiteral("実行ファイルが不正です。\r\n\r\n解凍エラー・もしくはコピーエラー");
+inline const QString kSplitErrorText = QStringLiteral("D88の分割に失敗しました");
+inline const QString kJoinErrorText = QStringLiteral("D88の結合に失敗しました");
+inline const QString kLaunchStatusText = QStringLiteral("Emulator起動中．．");
+inline const QString kFmPanFile = QStringLiteral("FMPAN.D88");
+
+// What the launch needs of the main window besides the hooks of ExecEmulator (enable,
+// minimise, restore) and of stage 3 (the detail refresh). A hook that is not set is skipped;
+// without `hasSelectedItem` nothing counts as selected.
+struct LaunchHooks {
+    // The selected item of lstD88 is selected.
+    std::function<bool()> hasSelectedItem;
+    // The first panel of stbMain.
+    std::function<void(const QString&)> setStatusText;
+};
+inline LaunchHooks launchHooks;
+
+// The generated configuration text of an emulator, made from the option block that DefOpt
+// chooses. Each adapter sets its maker; a road that needs a missing maker stays closed.
+struct OptionMakers {
+    std::function<QString(const EmuOpt88&)> pc88win;               // "PC88WIN.INI"
+    std::function<QString(const EmuOptFM&)> xm7win;                // "XM7.INI"
+    std::function<QString(const EmuOptFM&)> em7;                   // "EM7.INI"
+    std::function<QString(const EmuOptX1&, uint8_t TuneUse)> xmil; // "Xmillennium.ini"
+    std::function<QString(const EmuOptX1&)> winx1;                 // "winx1.ini" / "WinX1_ika.ini"
+};
+inline OptionMakers optionMakers;
+
+// One of the thirteen codes of the table.
+bool IsLaunchCode(int EmuCode);
+// The family of a code, or -1.
+int LaunchFamily(int EmuCode);
+// The executable's bare name and the emulator's directory (trimmed) in the configuration.
+QString EmuExeName(int EmuCode, const CfgRecord& cfg = Cfg);
+QString EmuDirOf(int EmuCode, const CfgRecord& cfg = Cfg, uint8_t TuneUse = 0);
+
+// Whether the launch of a title on this emulator can run as the configuration stands; when
+// it can't, `why` gets the text that tells the user (the button's tooltip).
+bool LaunchRoadReady(int EmuCode, const CfgRecord& cfg = Cfg, QString* why = nullptr);
+
+// The press of cmdEmuRun(EmuCode). Failures end in the messages of the launch or silently.
+void RunSelectedItem(int16_t EmuCode);
+
+// Stage 1. `JituFile` may be rewritten to where the file was found in ImageDir.
+bool PrepareWorkDir(uint8_t HardWare, int16_t EmuCode, uint8_t ArcCheckFlag, QString& JituFile,
+                    FileList& fileList);
+
+// The name under which the emulator reaches a file of WorkDir, or "".
+QString GetWorkImageName(int16_t EmuCode, const QString& FileName);
+
+// Stage 2: true only when the emulator ran and the frame came to its end.
+bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile,
+                     const QString& SecondFile, uint8_t DefOpt);
+
+// The emulator alone, without a title, started in its directory; returns at once.
+void RunEmulatorOnly(uint8_t HardWare, int16_t EmuCode);
+// Its command: the bare executable name (program empty for an invalid code or family).
+LaunchCommand EmulatorOnlyCommand(uint8_t HardWare, int16_t EmuCode);
+
+// Time spent in the launch stages, for the benchmark (the prescribed sleeps and the wait
+// for the emulator are left out).
+struct LaunchTimings {
+    qint64 stage1Ns = 0;
+    qint64 stage2StagingNs = 0; // steps 1 to 11 and 15 to 23 of the frame
+    qint64 stage3Ns = 0;
+};
+inline LaunchTimings lastLaunchTimings;
+
+} // namespace tv

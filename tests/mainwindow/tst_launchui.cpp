@@ -1,0 +1,187 @@
+// The launch on a bare main window: the emulator buttons and menu entries closed with a
+// tooltip where the road needs generated options, Enter on the list starting the title's
+// default emulator, and the window minimised, disabled and brought back around the run.
+#include "data/Cfg.h"
+#include "data/ItemDetail.h"
+#include "data/clsLst.h"
+#include "launch/Launch.h"
+#include "mainwindow/CatalogueUi.h"
+#include "mainwindow/LaunchUi.h"
+#include "shell/Globals.h"
+#include "shell/SubFunction.h"
+#include "support/CatalogueBytes.h"
+#include "support/ScriptedMsgBox.h"
+#include "support/TestEmu.h"
+
+#include <QAction>
+#include <QDir>
+#include <QFile>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using namespace tv;
+
+class TstLaunchUi : public QObject {
+    Q_OBJECT
+private:
+    QTemporaryDir root;
+    QString r;
+    QMainWindow* win = nullptr;
+    CatalogueWidgets w;
+    CatalogueUi* ui = nullptr;
+    LaunchUi* launch = nullptr;
+    QList<Qt::WindowStates> statesDuringRun;
+
+    void writeCatalogue()
+    {
+        QByteArray b = tvtest::LstHeaderBytes(2);
+        tvtest::LstFields f;
+        f.title = QStringLiteral("ゲーム");
+        f.start = QStringLiteral("GAME.D88");
+        f.jitu = r + "/images/GAME.D88";
+        f.defEmu = 2; // X mil
+        b += tvtest::MakeLstRecord(2, f);
+        QVERIFY(tvtest::WriteBytes(AppDir + "/TORVANE.LX1", b));
+    }
+    void select(int row)
+    {
+        w.lstD88->setCurrentIndex(ui->model()->index(row, 0));
+        w.lstD88->selectRow(row);
+        ui->ShowItemDetail();
+    }
+    QAction* menuEntry(int entry) { return w.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(entry)); }
+
+private slots:
+    void init()
+    {
+        QVERIFY(root.isValid());
+        r = root.path();
+        for (const char* d : {"app/TORVBOOT", "tmp", "images", "snap", "emu"})
+            QDir(r).mkpath(d);
+        AppDir = r + "/app";
+        WorkDir = AppDir + "/TORVBOOT";
+        EnvTmpDir = EnvTempDir = r + "/tmp";
+        PeekDir = EnvTmpDir + "/TORVBOOT";
+        WindowsDir = "/etc";
+        SystemDir = "/usr";
+        KeyPrefix = "K";
+        TitleClosed = 1;
+        InitTables();
+        SetDefaultCfg(Cfg);
+        Cfg.X1rUse = Cfg.XmilUse = Cfg.WinX1Use = 1;
+        Cfg.XmilDir = r + "/emu";
+        Cfg.WinSendWait = 0;
+        ResolveCfgDirs(Cfg);
+        ImageDir[2] = r + "/images";
+        SnapDir[2] = r + "/snap";
+        NoImagePicture = QImage(8, 8, QImage::Format_RGB32);
+        NoImagePicture.fill(Qt::gray);
+        writeCatalogue();
+        HardWare = 2;
+        QVERIFY(LstObj.InitLst(2));
+        win = new QMainWindow;
+        w = CatalogueUi::BuildStandalone(win);
+        ui = new CatalogueUi(w, win);
+        launch = new LaunchUi(ui, win, w.lstD88, win);
+        ui->LoadList();
+        win->show();
+    }
+    void cleanup()
+    {
+        delete win;
+        win = nullptr;
+        QDir::setCurrent(QDir::tempPath());
+        QDir(r).removeRecursively();
+    }
+
+    void roadsNeedingGeneratedOptionsStayClosed()
+    {
+        Cfg.XmilCfgChk = 0;
+        select(0);
+        QPushButton* xmil = ui->cmdEmuRun(22);
+        QPushButton* x1r = ui->cmdEmuRun(21);
+        QVERIFY(!xmil->isEnabled());
+        QVERIFY(xmil->toolTip().contains(QStringLiteral("既存INI使用")));
+        QVERIFY(!x1r->isEnabled());
+        QVERIFY(!x1r->toolTip().isEmpty());
+        QVERIFY(!menuEntry(2)->isEnabled());
+        QVERIFY(!ui->mnuPop(QStringLiteral("mnuPopEmuRunEach(2)"))->isEnabled());
+        // WinX1 takes D88 too, and its INI would be generated as well.
+        QVERIFY(!ui->cmdEmuRun(24)->isEnabled());
+
+        Cfg.XmilCfgChk = 1;
+        select(0);
+        QVERIFY(xmil->isEnabled());
+        QVERIFY(xmil->toolTip().isEmpty());
+        QVERIFY(menuEntry(2)->isEnabled());
+    }
+
+    void nothingSelectedLeavesTheBareEmulatorOpen()
+    {
+        Cfg.XmilCfgChk = 0;
+        w.lstD88->clearSelection();
+        w.lstD88->setCurrentIndex(QModelIndex());
+        ui->ClearItemDetail();
+        QVERIFY(ui->cmdEmuRun(22)->isEnabled());
+        QVERIFY(ui->cmdEmuRun(21)->isEnabled());
+    }
+
+    void enterStartsTheDefaultEmulatorAndTheWindowComesBack()
+    {
+        Cfg.XmilCfgChk = 1;
+        QVERIFY(!tvtest::InstallTestEmu(r + "/emu", "Xmillennium.exe").isEmpty());
+        QVERIFY(tvtest::WriteTestEmuConfig(r + "/emu",
+                                           {{"log", r + "/emu.log"}, {"exitafter", "300"}}));
+        QFile img(r + "/images/GAME.D88");
+        QVERIFY(img.open(QIODevice::WriteOnly));
+        img.write(QByteArray(1024, 'g'));
+        img.close();
+        select(0);
+        QVERIFY(ui->cmdEmuRun(22)->isEnabled());
+
+        // Watch the window while the emulator runs.
+        auto* probe = new QTimer(win);
+        connect(probe, &QTimer::timeout, this, [this] {
+            statesDuringRun << (win->windowState() |
+                                (win->isEnabled() ? Qt::WindowNoState : Qt::WindowActive));
+        });
+        probe->start(50);
+        tvtest::ScriptedMsgBox box;
+        QTest::keyClick(w.lstD88, Qt::Key_Return);
+        probe->stop();
+
+        const auto runs = tvtest::ReadTestEmuLog(r + "/emu.log");
+        QCOMPARE(int(runs.size()), 1);
+        QCOMPARE(runs[0].exeName, QStringLiteral("Xmillennium.exe"));
+        QVERIFY(box.calls().empty());
+        // Minimised and disabled while it ran; back, enabled, and the detail refreshed after.
+        bool sawMinimisedDisabled = false;
+        for (Qt::WindowStates s : statesDuringRun)
+            if ((s & Qt::WindowMinimized) && (s & Qt::WindowActive))
+                sawMinimisedDisabled = true;
+        QVERIFY(sawMinimisedDisabled);
+        QVERIFY(!(win->windowState() & Qt::WindowMinimized));
+        QVERIFY(win->isEnabled());
+        QVERIFY(win->isVisible());
+        QCOMPARE(ui->statusPanel1()->text(), ItemStatusText(LstObj));
+        QVERIFY(QDir(WorkDir).entryList(QDir::Files).isEmpty());
+    }
+
+    void enterDoesNothingWhenTheDefaultButtonIsClosed()
+    {
+        Cfg.XmilCfgChk = 0;
+        QVERIFY(!tvtest::InstallTestEmu(r + "/emu", "Xmillennium.exe").isEmpty());
+        QVERIFY(tvtest::WriteTestEmuConfig(r + "/emu",
+                                           {{"log", r + "/emu.log"}, {"exitafter", "300"}}));
+        select(0);
+        QTest::keyClick(w.lstD88, Qt::Key_Return);
+        QVERIFY(tvtest::ReadTestEmuLog(r + "/emu.log").empty());
+    }
+};
+
+QTEST_MAIN(TstLaunchUi)
+#include "tst_launchui.moc"
