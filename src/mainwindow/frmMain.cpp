@@ -294,8 +294,8 @@ void frmMain::ShowFamilyPath()
 
 void frmMain::CfgStored()
 {
-    // The footer switches of the current family take the stored values; the list itself, its
-    // column widths and the detail pane stay as the user has them.
+    // The footer switches of the current family take the stored values and a selected row's
+    // details are shown anew; the list and its column widths stay as the user has them.
     const int family = HardWare <= 2 ? HardWare : 0;
     if (auto* c = findChild<QCheckBox*>(QStringLiteral("chkPatUse(%1)").arg(family)))
         c->setChecked(Cfg.PatUse == 1);
@@ -307,6 +307,8 @@ void frmMain::CfgStored()
         c->setChecked(there && Cfg.PanUse == 1);
         c->setEnabled(there);
     }
+    if (catalogue_)
+        catalogue_->RefreshDetail(*this);
     ShowFamilyPath();
 }
 

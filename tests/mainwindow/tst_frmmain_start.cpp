@@ -1,10 +1,12 @@
 // The real main window through its start-up: a first start cancelled at frmCfg, a first start
 // filled in, and a start with a valid configuration up to the shown window and its close.
 #include "data/Cfg.h"
+#include "mainwindow/CatalogueUi.h"
 #include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmMain.h"
 #include "settings/frmCfg.h"
 #include "shell/Globals.h"
+#include "support/CatalogueBytes.h"
 #include "support/ScriptedMsgBox.h"
 
 #include <QAction>
@@ -173,6 +175,45 @@ private slots:
         QVERIFY(patUse->isChecked());
         QCOMPARE(w.statusBar()->currentMessage(), images);
         QCOMPARE(QList<int>({w.lstD88->columnWidth(0), w.lstD88->columnWidth(1)}), widthsBefore);
+        w.close();
+    }
+    void settingsStoredRefreshTheSelectedTitle()
+    {
+        CfgRecord c;
+        SetDefaultCfg(c);
+        QFile f(app + "/TORVANE.CFG");
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(EncodeCfg(c));
+        f.close();
+        tvtest::LstFields t;
+        t.title = QStringLiteral("ザルバード");
+        t.start = QStringLiteral("XALBARD.D88");
+        QVERIFY(tvtest::WriteBytes(app + "/TORVANE.LST",
+                                   tvtest::LstHeaderBytes(0) + tvtest::MakeLstRecord(0, t)));
+        const QString m88 = root.path() + "/m88";
+        QVERIFY(QDir().mkpath(m88));
+        QVERIFY(tvtest::WriteBytes(m88 + "/M88.EXE", "MZ"));
+        tvtest::ScriptedMsgBox boxes;
+        frmMain w;
+        auto* cat = new MainCatalogue;
+        w.SetCatalogue(std::unique_ptr<MainCatalogue>(cat));
+        QVERIFY(w.Load(env()));
+        QCOMPARE(w.lstD88->model()->rowCount(), 1);
+        w.lstD88->setCurrentIndex(w.lstD88->model()->index(0, 0));
+        w.lstD88->selectRow(0);
+        cat->Ui()->ShowItemDetail();
+        QPushButton* runM88 = cat->Ui()->cmdEmuRun(2);
+        QVERIFY(runM88);
+        QVERIFY(!runM88->isEnabled()); // M88 is not in use yet
+
+        whenCfgShows([&](frmCfg* d) {
+            d->Ctl<QCheckBox>("chkM88Use")->setChecked(true);
+            d->Ctl<QLineEdit>("txtM88Dir")->setText(m88);
+            d->cmdOK->click();
+        });
+        w.Menu("mnuOptionCfg")->trigger();
+        QCOMPARE(Cfg.M88Use, uint8_t(1));
+        QVERIFY(runM88->isEnabled());
         w.close();
     }
 };
