@@ -2,7 +2,8 @@
 // TORVANE.CFG it shows the information box above its splash, then the environment settings
 // with the defaults; OK stores the file and the main window comes up. The program ends from
 // its File menu, by keyboard. The next start reads the file and goes straight to the main
-// window, without any box or dialog.
+// window, without any box or dialog. A second copy from the same directory is refused with
+// its message and leaves the first one alone.
 #include "data/Cfg.h"
 #include "platform/KeySend.h"
 
@@ -223,6 +224,7 @@ private:
     // Ends the program from its File menu and waits for the process.
     void quitByMenu(QProcess& p)
     {
+        SetKeyTarget(p.processId());
         const auto ws = waitFor(p, [&](const std::vector<Win>& ws) {
             const int i = IndexOf(ws, IsMain);
             return i >= 0 && desk.active() == ws[i].id;
@@ -330,6 +332,33 @@ private slots:
         QVERIFY2(seen.contains(QStringLiteral("TORVANE")), qPrintable(seen.join(", ")));
         quitByMenu(p);
         QVERIFY(!QFileInfo::exists(app + "/TORVBOOT"));
+    }
+    void secondCopyFromTheSameDirectoryIsRefused()
+    {
+        QProcess first;
+        start(first);
+        QVERIFY(!waitFor(first, [](const std::vector<Win>& ws) {
+                     return ws.size() == 1 && IsMain(ws[0]);
+                 }).empty());
+        seen.clear();
+        seenDialogs.clear();
+        QProcess second;
+        start(second);
+        const auto ws = waitFor(second, [](const std::vector<Win>& ws) {
+            return IndexOf(ws, [](const Win& w) { return w.name == "APP Load Error"; }) >= 0;
+        });
+        QVERIFY2(!ws.empty(), qPrintable(seen.join(", ")));
+        QVERIFY(IndexOf(ws, [](const Win& w) { return w.name == "APP Load Error"; }) >
+                IndexOf(ws, [](const Win& w) { return w.splash; }));
+        QVERIFY(keysTo(second, QStringLiteral("APP Load Error"), QStringLiteral("{ENTER}")));
+        // The failure text stays a second on the splash, then the copy ends.
+        if (second.state() != QProcess::NotRunning)
+            QVERIFY(second.waitForFinished(15000));
+        QCOMPARE(second.exitCode(), 1);
+        // The first copy runs on with its working directory.
+        QCOMPARE(first.state(), QProcess::Running);
+        QVERIFY(QFileInfo(app + "/TORVBOOT").isDir());
+        quitByMenu(first);
     }
 };
 
