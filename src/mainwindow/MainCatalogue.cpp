@@ -71,6 +71,11 @@ void MainCatalogue::CfgApplied(frmMain& w)
     ensureUi(w)->ApplyCfg();
 }
 
+void MainCatalogue::RefreshDetail(frmMain& w)
+{
+    ensureUi(w)->ShowItemDetail(); // nothing without a selected row
+}
+
 QString MainCatalogue::SelectedKey(frmMain& w)
 {
     return ensureUi(w)->SelectedKey();

@@ -16,6 +16,7 @@ public:
     bool InitLst(frmMain& w, int family) override;
     void FamilyChanged(frmMain& w, int family) override;
     void CfgApplied(frmMain& w) override;
+    void RefreshDetail(frmMain& w) override;
     QString SelectedKey(frmMain& w) override;
 
     CatalogueUi* Ui() const { return ui_; }

@@ -5,6 +5,7 @@
 #include "settings/frmAbout.h"
 #include "settings/frmCfg.h"
 #include "shell/Globals.h"
+#include "shell/SubFunction.h"
 #include "shell/ValidateCfg.h"
 
 #include <QAction>
@@ -66,6 +67,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent)
     resize(kDesignWidth, kDesignHeight);
     showCfgDialog = [](frmMain& w) {
         frmCfg dlg(&w);
+        dlg.onStored = [&w] { w.CfgStored(); };
         dlg.exec();
     };
 }
@@ -300,9 +302,22 @@ void frmMain::ShowFamilyPath()
 
 void frmMain::CfgStored()
 {
-    ShowFamilyPath();
+    // The footer switches of the current family take the stored values and a selected row's
+    // details are shown anew; the list and its column widths stay as the user has them.
+    const int family = HardWare <= 2 ? HardWare : 0;
+    if (auto* c = findChild<QCheckBox*>(QStringLiteral("chkPatUse(%1)").arg(family)))
+        c->setChecked(Cfg.PatUse == 1);
+    if (auto* c = findChild<QCheckBox*>(QStringLiteral("chkDefOpt(%1)").arg(family)))
+        c->setChecked(Cfg.DefOpt == 1);
+    if (auto* c = findChild<QCheckBox*>(QStringLiteral("chkPanUse"))) {
+        const QString pan = VbTrim(Cfg.FmPanFile);
+        const bool there = !pan.isEmpty() && !FindFile(pan).isEmpty();
+        c->setChecked(there && Cfg.PanUse == 1);
+        c->setEnabled(there);
+    }
     if (catalogue_)
-        catalogue_->CfgApplied(*this);
+        catalogue_->RefreshDetail(*this);
+    ShowFamilyPath();
 }
 
 // ---- StartupUi ----

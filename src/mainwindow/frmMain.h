@@ -39,9 +39,12 @@ public:
     virtual bool InitLst(frmMain& w, int family) = 0;
     // cbxHardWare_Click after HardWare has been set: LoadList and the footer of the family.
     virtual void FamilyChanged(frmMain& w, int family) = 0;
-    // The configuration has been applied to the window (start-up step 13) or changed by
-    // frmCfg: PutFreeColName, footer switches, detail pane refresh.
+    // The configuration has been applied to the window (start-up step 13): PutFreeColName,
+    // column widths, footer switches, the no-picture image. A store of frmCfg only updates
+    // the current family's switches and path, and the detail pane (frmMain::CfgStored).
     virtual void CfgApplied(frmMain& w) = 0;
+    // A store of frmCfg: with a row selected the detail pane is shown anew.
+    virtual void RefreshDetail(frmMain& w) {}
     // Key of the selected row of lstD88 ("K25"), "" with none.
     virtual QString SelectedKey(frmMain& w) = 0;
 };

@@ -5,9 +5,9 @@
 
 #include <QApplication>
 #include <QGridLayout>
-#include <QSpacerItem>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSpacerItem>
 
 namespace tv {
 
@@ -17,12 +17,15 @@ int ShowQtMessageBox(const MsgBoxCall& call)
     box.setWindowTitle(call.caption);
     box.setText(call.text);
     // The captions carry part of the message ("TORVANE.CFG がありません"): keep the box wide
-    // enough for the window manager to show the whole title.
-    if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
-        const int want = box.fontMetrics().horizontalAdvance(call.caption) + 160;
-        grid->addItem(new QSpacerItem(want, 0, QSizePolicy::Minimum, QSizePolicy::Expanding),
-                      grid->rowCount(), 0, 1, grid->columnCount());
-    }
+    // enough for the window manager to show the whole title. Setting the icon rebuilds the
+    // box's layout, so the room is made once icon and buttons are in place.
+    const auto widenForCaption = [&box, &call] {
+        if (auto* grid = qobject_cast<QGridLayout*>(box.layout())) {
+            const int want = box.fontMetrics().horizontalAdvance(call.caption) + 160;
+            grid->addItem(new QSpacerItem(want, 0, QSizePolicy::Minimum, QSizePolicy::Minimum),
+                          grid->rowCount(), 0, 1, grid->columnCount());
+        }
+    };
     switch (call.flags & 0x70) {
     case MbCritical:
         box.setIcon(QMessageBox::Critical);
@@ -47,10 +50,12 @@ int ShowQtMessageBox(const MsgBoxCall& call)
         no->setText(QStringLiteral("いいえ(&N)"));
         box.setDefaultButton((call.flags & MbDefaultButton2) ? no : yes);
         box.setEscapeButton(no);
+        widenForCaption();
         box.exec();
         return box.clickedButton() == yes ? MbResYes : MbResNo;
     }
     box.addButton(QMessageBox::Ok);
+    widenForCaption();
     box.exec();
     return MbResOk;
 }

@@ -39,6 +39,7 @@ frmDirSansyo::frmDirSansyo(QWidget* parent) : QDialog(parent)
     for (int c = 1; c < model_->columnCount(); ++c)
         dirSansyo->hideColumn(c);
     dirSansyo->header()->hide();
+    dirSansyo->installEventFilter(this);
 
     auto* lbl = new QLabel(QStringLiteral("ディレクトリ"), this);
     txtSansyoDir = new QLineEdit(this);
@@ -107,18 +108,21 @@ void frmDirSansyo::drvSansyo_Change()
     SetListPath(drive);
 }
 
-void frmDirSansyo::keyPressEvent(QKeyEvent* e)
+bool frmDirSansyo::eventFilter(QObject* watched, QEvent* e)
 {
-    // Enter or Space in the tree takes the highlighted entry as the list's path.
-    if (dirSansyo->hasFocus() &&
-        (e->key() == Qt::Key_Return || e->key() == Qt::Key_Enter || e->key() == Qt::Key_Space)) {
-        const QModelIndex cur = dirSansyo->currentIndex();
-        if (cur.isValid()) {
-            SetListPath(model_->filePath(cur));
-            return;
+    // Enter or Space in the tree takes the highlighted entry as the list's path. The tree
+    // would use Space for its selection and leave Enter to the OK button: it gets neither.
+    if (watched == dirSansyo && e->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(e)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space) {
+            const QModelIndex cur = dirSansyo->currentIndex();
+            if (cur.isValid()) {
+                SetListPath(model_->filePath(cur));
+                return true;
+            }
         }
     }
-    QDialog::keyPressEvent(e);
+    return QDialog::eventFilter(watched, e);
 }
 
 void frmDirSansyo::cmdOK_Click()

@@ -28,7 +28,8 @@ public:
     void cmdOK_Click();
 
 protected:
-    void keyPressEvent(QKeyEvent* e) override;
+    // dirSansyo_KeyPress: Enter or Space in the list takes the highlighted entry.
+    bool eventFilter(QObject* watched, QEvent* e) override;
 
 private:
     void SetListPath(const QString& dir);

@@ -249,7 +249,12 @@ void Startup::CheckCfg()
             MsgBox(StartupText::CfgUpdateHint, MbExclamation, StartupText::CfgVersionCaption);
             return;
         }
-        ShellCopy(file, AppDir + QStringLiteral("/") + kCfgBackupName, 0);
+        // The old file goes only once its backup stands: without one it stays where it is,
+        // and the start ends as with the answer no.
+        if (!ShellCopy(file, AppDir + QStringLiteral("/") + kCfgBackupName, 0)) {
+            MsgBox(StartupText::CfgUpdateHint, MbExclamation, StartupText::CfgVersionCaption);
+            return;
+        }
         ShellDelete(file, 0);
         ui_.ShowTitle();
         SetDefaultCfg();

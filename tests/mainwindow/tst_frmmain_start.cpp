@@ -11,6 +11,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
@@ -19,6 +20,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QStandardItemModel>
+#include <QStatusBar>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
@@ -200,6 +202,81 @@ private slots:
         QCOMPARE(tvtest::ReadBytes(app + "/TORVANE.LST"), lst);
         QCOMPARE(tvtest::ReadBytes(app + "/TORVANE.LFM"), tvtest::LstHeaderBytes(1));
         QVERIFY(!QFileInfo::exists(app + "/TORVANE.LSB"));
+    }
+    void settingsStoredFromTheMenuReachTheMainWindow()
+    {
+        CfgRecord c;
+        SetDefaultCfg(c);
+        c.LastHardWare = 1;
+        QFile f(app + "/TORVANE.CFG");
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(EncodeCfg(c));
+        f.close();
+        const QString images = root.path() + "/images-fm7";
+        QVERIFY(QDir().mkpath(images));
+        tvtest::ScriptedMsgBox boxes;
+        frmMain w;
+        w.SetCatalogue(std::make_unique<MainCatalogue>());
+        QVERIFY(w.Load(env()));
+        auto* defOpt = w.findChild<QCheckBox*>("chkDefOpt(1)");
+        auto* patUse = w.findChild<QCheckBox*>("chkPatUse(1)");
+        QVERIFY(defOpt && patUse);
+        QVERIFY(!defOpt->isChecked());
+        QVERIFY(!patUse->isChecked());
+        const QList<int> widthsBefore = {w.lstD88->columnWidth(0), w.lstD88->columnWidth(1)};
+
+        whenCfgShows([&](frmCfg* d) {
+            d->chkDefOpt[2]->setChecked(true); // mirrored to the other pages
+            d->chkParUse[0]->setChecked(true);
+            d->txtImageDir[1]->setText(images);
+            d->cmdOK->click();
+        });
+        w.Menu("mnuOptionCfg")->trigger();
+        QCOMPARE(Cfg.DefOpt, uint8_t(1));
+        QVERIFY(defOpt->isChecked());
+        QVERIFY(patUse->isChecked());
+        QCOMPARE(w.txtHardImagePath->text(), images);
+        QCOMPARE(QList<int>({w.lstD88->columnWidth(0), w.lstD88->columnWidth(1)}), widthsBefore);
+        w.close();
+    }
+    void settingsStoredRefreshTheSelectedTitle()
+    {
+        CfgRecord c;
+        SetDefaultCfg(c);
+        QFile f(app + "/TORVANE.CFG");
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(EncodeCfg(c));
+        f.close();
+        tvtest::LstFields t;
+        t.title = QStringLiteral("ザルバード");
+        t.start = QStringLiteral("XALBARD.D88");
+        QVERIFY(tvtest::WriteBytes(app + "/TORVANE.LST",
+                                   tvtest::LstHeaderBytes(0) + tvtest::MakeLstRecord(0, t)));
+        const QString m88 = root.path() + "/m88";
+        QVERIFY(QDir().mkpath(m88));
+        QVERIFY(tvtest::WriteBytes(m88 + "/M88.EXE", "MZ"));
+        tvtest::ScriptedMsgBox boxes;
+        frmMain w;
+        auto* cat = new MainCatalogue;
+        w.SetCatalogue(std::unique_ptr<MainCatalogue>(cat));
+        QVERIFY(w.Load(env()));
+        QCOMPARE(w.lstD88->model()->rowCount(), 1);
+        w.lstD88->setCurrentIndex(w.lstD88->model()->index(0, 0));
+        w.lstD88->selectRow(0);
+        cat->Ui()->ShowItemDetail();
+        QPushButton* runM88 = cat->Ui()->cmdEmuRun(2);
+        QVERIFY(runM88);
+        QVERIFY(!runM88->isEnabled()); // M88 is not in use yet
+
+        whenCfgShows([&](frmCfg* d) {
+            d->Ctl<QCheckBox>("chkM88Use")->setChecked(true);
+            d->Ctl<QLineEdit>("txtM88Dir")->setText(m88);
+            d->cmdOK->click();
+        });
+        w.Menu("mnuOptionCfg")->trigger();
+        QCOMPARE(Cfg.M88Use, uint8_t(1));
+        QVERIFY(runM88->isEnabled());
+        w.close();
     }
 };
 

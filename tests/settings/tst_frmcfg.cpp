@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QFileSystemModel>
 #include <QFrame>
 #include <QLineEdit>
 #include <QPushButton>
@@ -276,6 +277,34 @@ private slots:
         p.cmdOK_Click();
         QCOMPARE(boxes.calls().back().text, QStringLiteral("ドライブ名が無効です"));
         QCOMPARE(boxes.calls().back().flags, 48);
+    }
+    void dirPickerTakesTheHighlightedEntryOnEnterOrSpace()
+    {
+        tvtest::ScriptedMsgBox boxes;
+        QDir().mkpath(good + "/sub1");
+        QDir().mkpath(good + "/sub2");
+        frmDirSansyo p;
+        p.Start(good);
+        p.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&p));
+        auto* model = qobject_cast<QFileSystemModel*>(p.dirSansyo->model());
+        QVERIFY(model);
+        p.dirSansyo->setFocus();
+        for (const auto& [key, name] : {std::pair{Qt::Key_Return, QStringLiteral("sub1")},
+                                        std::pair{Qt::Key_Space, QStringLiteral("sub2")}}) {
+            // The highlight moves without telling the text box; the key takes it.
+            const QModelIndex idx = model->index(good + "/" + name);
+            QVERIFY(idx.isValid());
+            {
+                const QSignalBlocker block(p.dirSansyo->selectionModel());
+                p.dirSansyo->selectionModel()->setCurrentIndex(idx, QItemSelectionModel::NoUpdate);
+            }
+            p.txtSansyoDir->setText(good);
+            QTest::keyClick(p.dirSansyo, key);
+            QCOMPARE(p.txtSansyoDir->text(), good + "/" + name);
+            QVERIFY(p.isVisible()); // the key doesn't close the picker
+        }
+        QVERIFY(boxes.calls().empty());
     }
 };
 

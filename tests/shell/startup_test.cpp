@@ -130,6 +130,26 @@ TEST_F(StartupTest, OldVersionAnsweredYesKeepsABackup)
     EXPECT_EQ(ReadFile(app + "/TORVANE.CFG").left(24), QByteArray("TORVANE.CFG Version 0.16"));
 }
 
+TEST_F(StartupTest, OldVersionWhoseBackupFailsIsLeftInPlace)
+{
+    WriteValidCfg([](CfgRecord& c) { c.CfgVersion = "TORVANE.CFG Version 0.15"; });
+    const QByteArray old = ReadFile(app + "/TORVANE.CFG");
+    // The backup can't be made: a directory stands where the copy would go.
+    ASSERT_TRUE(QDir().mkpath(app + "/TORVANE_CFG.BAK/TORVANE.CFG/inner"));
+    ScriptedMsgBox boxes;
+    boxes.answer(MbResYes);
+    Startup s(ui, Env());
+    EXPECT_FALSE(s.FormLoad());
+    ASSERT_EQ(boxes.calls().size(), 2u);
+    EXPECT_EQ(boxes.calls()[0].text, T::CfgVersionDiffers);
+    EXPECT_EQ(boxes.calls()[1].text, T::CfgUpdateHint);
+    EXPECT_EQ(boxes.calls()[1].flags, 48);
+    EXPECT_EQ(boxes.calls()[1].caption, T::CfgVersionCaption);
+    EXPECT_FALSE(ui.calls.contains("ShowCfgDialog"));
+    EXPECT_EQ(ReadFile(app + "/TORVANE.CFG"), old);
+    EXPECT_EQ(ui.msg1.last(), T::StartFailed);
+}
+
 TEST_F(StartupTest, OldVersionAnsweredNoEndsAndLeavesTheFile)
 {
     WriteValidCfg([](CfgRecord& c) { c.CfgVersion = "TORVANE.CFG Version 0.15"; });
