@@ -1,5 +1,6 @@
 // The program takes no command line: everything it needs stands beside it. Its first logic
 // is the start-up of the main window; a refused start ends the process with code 1.
+#include "launch/ArcProgressDialog_ui.h"
 #include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmMain.h"
 #include "platform/MsgBoxQt_ui.h"
@@ -25,6 +26,8 @@ int main(int argc, char** argv)
         }
     }
     tv::InstallQtMessageBoxes();
+    // Long archive work shows its progress in a dialog owned by the main window.
+    tv::InstallArcProgressDialog();
 
     tv::frmMain w;
     w.SetCatalogue(std::make_unique<tv::MainCatalogue>());

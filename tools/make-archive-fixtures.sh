@@ -43,6 +43,22 @@ zip -q -X -y "$work/symlink.zip" passwd.lnk README.TXT
 gcab -cz "$work/gcab.cab" README.TXT A/GAME.D88 B/GAME.D88 "$sjis_game" "メモ.TXT"
 cd "$work"
 
+# Shift-JIS names whose characters end in the byte of "\\" ("ソフト表"), at the top and in a
+# subdirectory: LZH of header levels 0, 1 and 2, ZIP and CAB with the raw bytes.
+mkdir -p s5c/DIR
+s5c=$(printf '\203\134\203\164\203\147\225\134')  # "ソフト表" in Shift-JIS
+printf 'soft\n' > "s5c/ソフト表.D88"
+printf 'in dir\n' > "s5c/DIR/ソフト表2.D88"
+printf 'soft\n' > "s5c/$s5c.D88"
+printf 'in dir\n' > "s5c/DIR/${s5c}2.D88"
+find s5c -exec touch -h -d '2001-02-03 04:05:06' {} +
+(cd s5c &&
+    for l in 0 1 2; do
+        jlha a${l}o5y "$work/sjis5c_level$l.lzh" "ソフト表.D88" "DIR/ソフト表2.D88" >/dev/null
+    done &&
+    zip -q -X "$work/sjis5c.zip" "$s5c.D88" "DIR/${s5c}2.D88" &&
+    gcab -cz "$work/sjis5c.cab" "$s5c.D88" "DIR/${s5c}2.D88")
+
 # Hostile names: parent directories, absolute paths, drive letters, backslashes, devices.
 python3 - <<'PY'
 import zipfile

@@ -141,6 +141,31 @@ QByteArray CabFileTable(const QString& path)
     return f.read(qint64(coffFiles) + qint64(static_cast<uint16_t>(cFiles)) * (16 + 257));
 }
 
+bool IsSjisLead(uint8_t c)
+{
+    return (c >= 0x81 && c <= 0x9f) || (c >= 0xe0 && c <= 0xfc);
+}
+
+// libarchive turns each "\" of an LZH name of some header levels into "/" before the name is
+// decoded, and so breaks the Shift-JIS characters whose second byte is 0x5C ("ソ", "表").
+// A "/" is never the second byte of a Shift-JIS character: one that follows a lead byte was
+// such a 0x5C. A name that is valid UTF-8 as it stands is left alone.
+QByteArray RestoreSjisSecondBytes(QByteArray raw)
+{
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringConverter::Flag::Stateless);
+    const QString asUtf8 = utf8.decode(raw); // the decoder works when its result is taken
+    if (!utf8.hasError())
+        return raw;
+    for (qsizetype i = 0; i + 1 < raw.size(); ++i) {
+        if (!IsSjisLead(static_cast<uint8_t>(raw[i])))
+            continue;
+        ++i;
+        if (raw[i] == '/')
+            raw[i] = '\\';
+    }
+    return raw;
+}
+
 // The bytes of an LZH name read through Latin-1 (see NewReader).
 QByteArray LhaRawName(const char* p)
 {
@@ -148,7 +173,7 @@ QByteArray LhaRawName(const char* p)
     for (QChar c : s)
         if (c.unicode() > 0xff)
             return QByteArray(p);
-    return s.toLatin1();
+    return RestoreSjisSecondBytes(s.toLatin1());
 }
 
 int ExtractFrom(ArcFormat format, archive* a, const QString& destDir,

@@ -14,6 +14,7 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -145,8 +146,13 @@ void CatalogueUi::buildFooters()
         lay->addWidget(def);
         auto* pat = new QCheckBox(QStringLiteral("Use PAR"), f);
         pat->setObjectName(QStringLiteral("chkPatUse(%1)").arg(fam));
-        connect(pat, &QCheckBox::clicked, this, [pat] {
+        connect(pat, &QCheckBox::clicked, this, [this, pat] {
             Cfg.PatUse = pat->isChecked() ? 1 : 0;
+            // PAT and PAN exclude one another: setting one clears the other.
+            if (Cfg.PatUse == 1 && chkPanUse_) {
+                Cfg.PanUse = 0;
+                chkPanUse_->setChecked(false);
+            }
             SaveCfg();
         });
         chkPatUse_[size_t(fam)] = pat;
@@ -156,6 +162,12 @@ void CatalogueUi::buildFooters()
             chkPanUse_->setObjectName(QStringLiteral("chkPanUse"));
             connect(chkPanUse_, &QCheckBox::clicked, this, [this] {
                 Cfg.PanUse = chkPanUse_->isChecked() ? 1 : 0;
+                if (Cfg.PanUse == 1) {
+                    Cfg.PatUse = 0;
+                    for (QCheckBox* c : chkPatUse_)
+                        if (c)
+                            c->setChecked(false);
+                }
                 SaveCfg();
             });
             lay->addWidget(chkPanUse_);
@@ -264,19 +276,44 @@ void CatalogueUi::buildPopup()
         }
     }
     w_.lstD88->setContextMenuPolicy(Qt::CustomContextMenu);
-    connect(w_.lstD88, &QWidget::customContextMenuRequested, this, [this](const QPoint& p) {
-        // ShowPopup: nothing to show for an empty catalogue.
-        if (LstObj.GetLstMaxCnt() < 1) {
-            popActions_[QStringLiteral("mnuPopSort")]->setEnabled(false);
-            return;
+    connect(w_.lstD88, &QWidget::customContextMenuRequested, this,
+            [this](const QPoint& p) { ShowPopup(w_.lstD88->viewport()->mapToGlobal(p)); });
+    // Space on the list opens the same menu, below the current row.
+    w_.lstD88->installEventFilter(this);
+}
+
+void CatalogueUi::ShowPopup(const QPoint& globalPos)
+{
+    // Nothing to show for an empty catalogue.
+    if (LstObj.GetLstMaxCnt() < 1) {
+        popActions_[QStringLiteral("mnuPopSort")]->setEnabled(false);
+        return;
+    }
+    popActions_[QStringLiteral("mnuPopSort")]->setEnabled(true);
+    if (selectedRow() >= 0)
+        ShowItemDetail();
+    else
+        ClearItemDetail();
+    mnuPop_->popup(globalPos);
+}
+
+bool CatalogueUi::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == w_.lstD88 && event->type() == QEvent::KeyPress) {
+        auto* k = static_cast<QKeyEvent*>(event);
+        if (k->key() == Qt::Key_Space && k->modifiers() == Qt::NoModifier) {
+            QPoint at(0, 0);
+            const int r = selectedRow();
+            if (r >= 0) {
+                const QRect rect = w_.lstD88->visualRect(model_->index(r, 0));
+                if (rect.isValid())
+                    at = rect.bottomLeft();
+            }
+            ShowPopup(w_.lstD88->viewport()->mapToGlobal(at));
+            return true;
         }
-        popActions_[QStringLiteral("mnuPopSort")]->setEnabled(true);
-        if (selectedRow() >= 0)
-            ShowItemDetail();
-        else
-            ClearItemDetail();
-        mnuPop_->popup(w_.lstD88->viewport()->mapToGlobal(p));
-    });
+    }
+    return QObject::eventFilter(watched, event);
 }
 
 void CatalogueUi::connectMenus()
@@ -342,8 +379,6 @@ void CatalogueUi::FamilyChanged(int family)
         if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(i)))
             a->setText(caption);
     }
-    // The footer shows what ClearItemDetail decided for the new family.
-    ClearItemDetail();
 }
 
 void CatalogueUi::setStatus(const QString& text)
@@ -566,9 +601,17 @@ void CatalogueUi::PutFreeColName()
 void CatalogueUi::ApplyCfg()
 {
     PutFreeColName();
-    applyColumnWidths();
-    if (chkPatUse_[0])
-        chkPatUse_[0]->setChecked(Cfg.PatUse == 1);
+    // The stored widths come once, at start-up; later the user's widths stand until the exit
+    // stores them, whatever dialog changes the configuration meanwhile.
+    if (!widthsApplied_) {
+        widthsApplied_ = true;
+        applyColumnWidths();
+    }
+    for (QCheckBox* c : chkPatUse_)
+        if (c)
+            c->setChecked(Cfg.PatUse == 1);
+    if (HardWare <= 2 && chkDefOpt_[HardWare])
+        chkDefOpt_[HardWare]->setChecked(Cfg.DefOpt == 1);
     const QString pan = VbTrim(Cfg.FmPanFile);
     const bool panOk = !pan.isEmpty() && !FindFile(pan).isEmpty();
     if (chkPanUse_) {
@@ -584,7 +627,11 @@ void CatalogueUi::ApplyCfg()
             a->setChecked(Cfg.ViewGrid == 1);
     }
     w_.lstD88->setShowGrid(Cfg.ViewGrid == 1);
-    if (w_.imgScr && !NoImagePicture.isNull()) {
+    // A selected row is shown anew under the changed configuration (directories, use flags);
+    // without one the pane shows the no-picture image.
+    if (selectedRow() >= 0) {
+        ShowItemDetail();
+    } else if (w_.imgScr && !NoImagePicture.isNull()) {
         picture_ = NoImagePicture;
         ShowNoImage(picture_);
         showPicture(picture_);
@@ -629,10 +676,11 @@ void CatalogueUi::showPicture(const QImage& img)
 
 void CatalogueUi::setLabelColour(QLabel* l, const QColor& c)
 {
+    // Enabled labels only: a disabled one keeps the style's grey, so that the slots without a
+    // save state stand apart from those with one.
     QPalette p = l->palette();
-    p.setColor(QPalette::WindowText, c);
-    p.setColor(QPalette::Disabled, QPalette::WindowText,
-               c == kRed ? c : p.color(QPalette::Disabled, QPalette::WindowText));
+    p.setColor(QPalette::Active, QPalette::WindowText, c);
+    p.setColor(QPalette::Inactive, QPalette::WindowText, c);
     l->setPalette(p);
 }
 

@@ -88,7 +88,8 @@ public:
     void ClearSortCheck();
     void SetSortCheck(int key);
     void PutFreeColName();
-    // Start-up step 13: what the configuration sets on the list, the footers and the pane.
+    // Start-up step 13, and again after a settings dialog stored the configuration: what it
+    // sets on the list, the footers and the pane; a selected row is shown anew.
     void ApplyCfg();
     void lstD88_ColumnClick(int column);
     void mnuViewSortRun_Click(int key);
@@ -97,6 +98,8 @@ public:
     void munViewColumnClear_Click();
     void ShowItemDetail();
     void ClearItemDetail();
+    // The popup menu mnuPop at a point of the screen (right button, menu key, Space).
+    void ShowPopup(const QPoint& globalPos);
     void lblP88Save_Click();
     void lblP88SaveData_Click(int index);
     // Key of the selected row, "" with none.
@@ -105,6 +108,9 @@ public:
     void selectRow(int row);
 
     static QColor labelColour(const QLabel* l);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 signals:
     // A launch button or its menu entry: the launch takes it from here.
@@ -139,6 +145,7 @@ private:
     QImage picture_;
     QString picturePath_;
     bool sortReentry_ = false;
+    bool widthsApplied_ = false;
 };
 
 } // namespace tv

@@ -17,6 +17,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
@@ -139,7 +140,8 @@ void frmMain::BuildMenus()
     add(view, QStringLiteral("munViewColumnClear"), QStringLiteral("カラム幅初期化(&W)"), false);
 
     QMenu* run = sub(nullptr, QStringLiteral("mnuEmuRun"), QStringLiteral("起動(&R)"));
-    for (int i = 1; i <= 6; ++i)
+    // Nine entries in every family; those without an emulator show "-----".
+    for (int i = 1; i <= 9; ++i)
         add(run, QStringLiteral("mnuEmuRunEach(%1)").arg(i), QStringLiteral("-----"), false);
     run->addSeparator();
     add(run, QStringLiteral("mnuEmuRunMan"), QStringLiteral("マニュアル(&N)"), false);
@@ -199,9 +201,15 @@ void frmMain::BuildControls()
         cbxHardWare->addItem(FamilyName(i));
     cbxHardWare->setCurrentIndex(-1);
     cbxHardWare->setMinimumWidth(180);
+    lbl->setBuddy(cbxHardWare);
+    // The image directory of the chosen family, for reading only.
+    txtHardImagePath = new QLineEdit(central);
+    txtHardImagePath->setObjectName(QStringLiteral("txtHardImagePath"));
+    txtHardImagePath->setReadOnly(true);
+    txtHardImagePath->setFocusPolicy(Qt::ClickFocus);
     top->addWidget(lbl);
     top->addWidget(cbxHardWare);
-    top->addStretch(1);
+    top->addWidget(txtHardImagePath, 1);
     v->addLayout(top);
 
     splMain = new QSplitter(Qt::Horizontal, central);
@@ -287,7 +295,7 @@ void frmMain::cbxHardWare_Click(int index)
 void frmMain::ShowFamilyPath()
 {
     if (HardWare <= 2)
-        statusBar()->showMessage(ImageDir[HardWare]);
+        txtHardImagePath->setText(ImageDir[HardWare]);
 }
 
 void frmMain::CfgStored()

@@ -17,6 +17,7 @@ class QAction;
 class QComboBox;
 class QFrame;
 class QLabel;
+class QLineEdit;
 class QMenu;
 class QSplitter;
 class QStandardItemModel;
@@ -67,6 +68,7 @@ public:
 
     // Controls, by the names of the forms.
     QComboBox* cbxHardWare;
+    QLineEdit* txtHardImagePath;
     QTableView* lstD88;
     QStandardItemModel* lstModel; // design-time columns until the catalogue sets its own
     QSplitter* splMain;
@@ -112,7 +114,7 @@ public:
     std::array<float, 4> WindowGeometry() override;
     void UnloadOtherForms() override;
 
-    // The current family's image directory in the status bar.
+    // The current family's image directory in txtHardImagePath.
     void ShowFamilyPath();
 
 protected:

@@ -81,6 +81,37 @@ TEST_F(ArcEngine, LzhHeaderLevelsAndMethods)
     EXPECT_TRUE(QFileInfo::exists(D(kGame)));
 }
 
+TEST_F(ArcEngine, ShiftJisNamesWithA5CSecondByteKeepTheirCharacters)
+{
+    // "ソ" and "表" end in the byte of "\\" in Shift-JIS; a name with them is one name, in
+    // a subdirectory or not, whatever the header level or the format.
+    const QString soft = QStringLiteral("ソフト表.D88");
+    const QString soft2 = QStringLiteral("ソフト表2.D88");
+    for (auto [fmt, fixture] :
+         {std::pair{ArcFormat::Lzh, "sjis5c_level0.lzh"},
+          std::pair{ArcFormat::Lzh, "sjis5c_level1.lzh"},
+          std::pair{ArcFormat::Lzh, "sjis5c_level2.lzh"}, std::pair{ArcFormat::Zip, "sjis5c.zip"},
+          std::pair{ArcFormat::Cab, "sjis5c.cab"}}) {
+        SCOPED_TRACE(fixture);
+        QDir(dest).removeRecursively();
+        QDir().mkpath(dest);
+        ASSERT_EQ(Extract(fmt, QString::fromLatin1(fixture)), ArcOk);
+        EXPECT_EQ(Entries(dest), (QStringList{soft, soft2}));
+        EXPECT_EQ(ReadAll(D(soft)), QByteArray("soft\n"));
+        EXPECT_EQ(ReadAll(D(soft2)), QByteArray("in dir\n"));
+        // A mask finds them by that name.
+        QDir(dest).removeRecursively();
+        QDir().mkpath(dest);
+        if (fmt == ArcFormat::Lzh)
+            ASSERT_EQ(
+                Extract(fmt, QString::fromLatin1(fixture), true, {soft2}, ArcMaskMatch::BareName),
+                ArcOk);
+        else
+            ASSERT_EQ(Extract(fmt, QString::fromLatin1(fixture), true, {u'*' + soft2}), ArcOk);
+        EXPECT_EQ(Entries(dest), QStringList{soft2});
+    }
+}
+
 TEST_F(ArcEngine, ZipFromInfoZipWithShiftJisAndUtf8Names)
 {
     ASSERT_EQ(Extract(ArcFormat::Zip, QStringLiteral("infozip.zip")), ArcOk);

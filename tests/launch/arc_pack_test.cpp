@@ -17,6 +17,8 @@ using namespace arctest;
 namespace {
 
 const QString kGame = QStringLiteral("ゲーム①～.D88");
+// "ソ" and "表" end in the byte of "\\" in Shift-JIS.
+const QString kSoft = QStringLiteral("ソフト表.D88");
 
 class ArcPack : public ::testing::Test {
 protected:
@@ -33,6 +35,7 @@ protected:
             disk[i] = static_cast<char>((i / 256) % 7 == 0 ? i * 31 : 0xE5);
         WriteFile(S(QStringLiteral("GAME.D88")), disk);
         WriteFile(S(kGame), "japanese name\n");
+        WriteFile(S(kSoft), "second byte 5C\n");
         WriteFile(S(QStringLiteral("README.TXT")), Seq400());
         stamp = QDateTime(QDate(2003, 4, 5), QTime(6, 7, 8));
         for (const QString& f : Entries(src)) {
@@ -84,7 +87,7 @@ TEST_F(ArcPack, ZipRoundTripPassesUnzipTest)
         ++headers;
         at += 4;
     }
-    EXPECT_EQ(headers, 3);
+    EXPECT_EQ(headers, 4);
     EXPECT_EQ(Entries(out), QStringList{QStringLiteral("title.zip")}); // no temporary left
 }
 
@@ -114,6 +117,7 @@ TEST_F(ArcPack, LzhRoundTripPassesLhaAndBsdtar)
     EXPECT_EQ(tar.exitCode, 0) << tar.out.toStdString();
     EXPECT_TRUE(tar.out.contains("GAME.D88"));
     EXPECT_TRUE(tar.out.contains(kGame.toUtf8()));
+    EXPECT_TRUE(tar.out.contains(kSoft.toUtf8()));
     EXPECT_TRUE(ReadAll(arc).contains("-lh5-"));
     EXPECT_TRUE(ReadAll(arc).contains(ToSjis(kGame)));
     ExpectSameFiles(ArcFormat::Lzh, arc);
@@ -152,8 +156,8 @@ TEST_F(ArcPack, SubdirectoriesAndLinksAreNotPacked)
     ASSERT_EQ(PackDirectory(ArcFormat::Zip, arc, src, QStringLiteral("*.*")), ArcOk);
     QTemporaryDir back;
     ASSERT_EQ(ExtractArchiveFlat(ArcFormat::Zip, arc, back.path(), {}), ArcOk);
-    EXPECT_EQ(Entries(back.path()),
-              (QStringList{QStringLiteral("GAME.D88"), QStringLiteral("README.TXT"), kGame}));
+    EXPECT_EQ(Entries(back.path()), (QStringList{QStringLiteral("GAME.D88"),
+                                                 QStringLiteral("README.TXT"), kGame, kSoft}));
 }
 
 // The lines of the archive service, as the built-in libraries read them.

@@ -13,6 +13,7 @@
 #include <QDir>
 #include <QFile>
 #include <QMainWindow>
+#include <QMenu>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTableView>
@@ -147,7 +148,8 @@ private slots:
         QFile::remove(AppDir + "/TORVANE.CFG");
         ui->lstD88_ColumnClick(3); // Maker ascending: key 6
         QCOMPARE(int(Cfg.SortKey), 6);
-        QCOMPARE(titles(), QStringList({"ザルバード", "イルマータ", "ハルモニカ"})); // Fanrock = fanrock
+        QCOMPARE(titles(),
+                 QStringList({"ザルバード", "イルマータ", "ハルモニカ"})); // Fanrock = fanrock
         QVERIFY(w.menu("mnuViewSortMakerRun(6)")->isChecked());
         QVERIFY(ui->mnuPop("mnuPopSortMakerRun(6)")->isChecked());
         QVERIFY(QFile::exists(AppDir + "/TORVANE.CFG"));
@@ -195,8 +197,7 @@ private slots:
         QVERIFY(w.menu("mnuEmuRunEach(4)")->isEnabled());
         QVERIFY(ui->mnuPop("mnuPopEmuRunEach(4)")->isEnabled());
         QVERIFY(!ui->cmdManFile(0)->isEnabled());
-        QCOMPARE(ui->statusPanel1()->text(),
-                 QStringLiteral("ハルモニカ選択中．．  (HARMONI.CMT)"));
+        QCOMPARE(ui->statusPanel1()->text(), QStringLiteral("ハルモニカ選択中．．  (HARMONI.CMT)"));
         QCOMPARE(ui->shownPicture(), NoImagePicture);
         select(0); // XALBARD.D88 with a manual
         QVERIFY(ui->cmdEmuRun(1)->isEnabled());
@@ -248,6 +249,13 @@ private slots:
         QVERIFY(ui->lblP88SaveData(2)->isEnabled());
         QVERIFY(ui->lblP88SaveData(5)->isEnabled());
         QVERIFY(!ui->lblP88SaveData(3)->isEnabled());
+        // A slot without a state is drawn in another colour than one with a state.
+        const auto drawn = [](const QLabel* l) {
+            return l->palette().color(l->isEnabled() ? QPalette::Active : QPalette::Disabled,
+                                      QPalette::WindowText);
+        };
+        QVERIFY(drawn(ui->lblP88SaveData(3)) != drawn(ui->lblP88SaveData(2)));
+        QVERIFY(drawn(ui->lblM88SaveData(3)) != drawn(ui->lblP88SaveData(2)));
         QTest::mouseClick(ui->lblP88SaveData(5), Qt::LeftButton);
         QCOMPARE(CatalogueUi::labelColour(ui->lblP88SaveData(5)), QColor(255, 0, 0));
         QCOMPARE(CatalogueUi::labelColour(ui->lblP88Save()), QColor(0, 0, 0));
@@ -257,6 +265,7 @@ private slots:
         QTest::mouseClick(ui->lblP88Save(), Qt::LeftButton);
         QCOMPARE(CatalogueUi::labelColour(ui->lblP88Save()), QColor(255, 0, 0));
         QCOMPARE(CatalogueUi::labelColour(ui->lblP88SaveData(2)), QColor(0, 0, 0));
+        QVERIFY(drawn(ui->lblP88SaveData(3)) != drawn(ui->lblP88SaveData(2)));
         select(1); // YULA has none
         QVERIFY(!ui->lblP88SaveData(2)->isEnabled());
         QVERIFY(!ui->lblP88Save()->isVisibleTo(win));
@@ -274,6 +283,21 @@ private slots:
         QVERIFY(ReadCfg(saved));
         QCOMPARE(int(saved.PatUse), 1);
         ui->chkPanUse()->setEnabled(true);
+        ui->chkPanUse()->click();
+        QVERIFY(ReadCfg(saved));
+        QCOMPARE(int(saved.PanUse), 1);
+        // The two exclude one another: setting one clears the other.
+        QCOMPARE(int(saved.PatUse), 0);
+        QVERIFY(!ui->chkPatUse(0)->isChecked());
+        ui->chkPatUse(0)->click();
+        QVERIFY(ReadCfg(saved));
+        QCOMPARE(int(saved.PatUse), 1);
+        QCOMPARE(int(saved.PanUse), 0);
+        QVERIFY(!ui->chkPanUse()->isChecked());
+        ui->chkPatUse(0)->click(); // clearing one leaves the other as it is
+        QVERIFY(ReadCfg(saved));
+        QCOMPARE(int(saved.PatUse), 0);
+        QCOMPARE(int(saved.PanUse), 0);
         ui->chkPanUse()->click();
         QVERIFY(ReadCfg(saved));
         QCOMPARE(int(saved.PanUse), 1);
@@ -338,6 +362,59 @@ private slots:
         const QString dir = qEnvironmentVariable("TORVANE_SHOTS");
         if (!dir.isEmpty())
             QVERIFY(pm.save(dir + "/catalogue_main.png"));
+    }
+
+    void spaceOnTheListOpensThePopup()
+    {
+        ui->LoadList();
+        win->show();
+        QVERIFY(QTest::qWaitForWindowExposed(win));
+        w.lstD88->setFocus();
+        select(1);
+        QTest::keyClick(w.lstD88, Qt::Key_Space);
+        QVERIFY(ui->popupMenu()->isVisible());
+        QVERIFY(ui->mnuPop("mnuPopSort")->isEnabled());
+        QCOMPARE(ui->SelectedKey(), QString("K%1").arg(25 + 2284)); // the row stays selected
+        QVERIFY(w.txtSyosai->toPlainText().startsWith("[Title] イルマータ"));
+        ui->popupMenu()->hide();
+
+        // An empty catalogue has no menu to show.
+        QVERIFY(tvtest::WriteBytes(AppDir + "/TORVANE.LST", tvtest::LstHeaderBytes(0)));
+        ui->LoadList();
+        w.lstD88->setFocus();
+        QTest::keyClick(w.lstD88, Qt::Key_Space);
+        QVERIFY(!ui->popupMenu()->isVisible());
+        QVERIFY(!ui->mnuPop("mnuPopSort")->isEnabled());
+    }
+
+    // A settings dialog that stored the configuration: the selected title stays shown with its
+    // picture, the switches follow the record, the user's column widths stay.
+    void storedCfgRefreshesThePane()
+    {
+        QImage shot(32, 20, QImage::Format_RGB32);
+        shot.fill(QColor(200, 30, 30));
+        QVERIFY(shot.save(SnapDir[0] + "/XALBARD.png", "PNG"));
+        Cfg.ScrSearchRead = 1;
+        ui->ApplyCfg();
+        ui->FamilyChanged(0);
+        select(0);
+        QCOMPARE(ui->shownPicturePath(), SnapDir[0] + "/XALBARD.png");
+        w.lstD88->setColumnWidth(0, 123);
+        Cfg.DefOpt = 1;
+        Cfg.PatUse = 1;
+        Cfg.X88kUse = 0;
+        ui->ApplyCfg();
+        QCOMPARE(ui->SelectedKey(), QString("K25"));
+        QCOMPARE(ui->shownPicturePath(), SnapDir[0] + "/XALBARD.png");
+        QVERIFY(w.txtSyosai->toPlainText().startsWith("[Title] ザルバード"));
+        QCOMPARE(w.lstD88->columnWidth(0), 123);
+        QVERIFY(ui->chkDefOpt(0)->isChecked());
+        QVERIFY(ui->chkPatUse(0)->isChecked());
+        QVERIFY(!ui->cmdEmuRun(4)->isEnabled()); // no longer in use
+        QVERIFY(ui->cmdEmuRun(1)->isEnabled());
+        ui->cmdNoSelect(0)->click();
+        ui->ApplyCfg();
+        QCOMPARE(ui->shownPicture(), NoImagePicture);
     }
 
     void freeColumnNamesAndColumnReset()

@@ -1,22 +1,28 @@
 // The real main window through its start-up: a first start cancelled at frmCfg, a first start
 // filled in, and a start with a valid configuration up to the shown window and its close.
 #include "data/Cfg.h"
+#include "mainwindow/CatalogueUi.h"
+#include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmMain.h"
 #include "settings/frmCfg.h"
 #include "shell/Globals.h"
+#include "support/CatalogueBytes.h"
 #include "support/ScriptedMsgBox.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 
 using namespace tv;
@@ -134,6 +140,66 @@ private slots:
         DecodeCfg(f.readAll(), back);
         QCOMPARE(back.LastHardWare, uint8_t(2));
         QVERIFY(back.WinWidth > 0);
+    }
+
+    // With the catalogue installed: the remembered family and row come up, the run menu has
+    // its nine entries captioned by family, the image directory is shown, and browsing writes
+    // nothing to the catalogue.
+    void catalogueComesUpWithTheRememberedRow()
+    {
+        QByteArray lst = tvtest::LstHeaderBytes(0);
+        const char* titles[] = {"雪花物語", "魔導城アステリオン", "銀河探偵ミルフィ"};
+        const char* starts[] = {"SETSUKA.D88", "ASTERION.T88", "MILFY.CMT"};
+        for (int i = 0; i < 3; ++i) {
+            tvtest::LstFields f;
+            f.title = QString::fromUtf8(titles[i]);
+            f.start = QString::fromLatin1(starts[i]);
+            f.jitu = QStringLiteral("C:\\GAMES\\PC88\\") + QString::fromLatin1(starts[i]);
+            lst += tvtest::MakeLstRecord(0, f);
+        }
+        QVERIFY(tvtest::WriteBytes(app + "/TORVANE.LST", lst));
+        QDir().mkpath(app + "/images");
+        CfgRecord c;
+        SetDefaultCfg(c);
+        c.LastHardWare = 0;
+        c.LstSelectSave = 1;
+        c.LstSelectPos = 25 + 2284;
+        c.ImageDir[0] = app + "/images";
+        QVERIFY(tvtest::WriteBytes(app + "/TORVANE.CFG", EncodeCfg(c)));
+
+        tvtest::ScriptedMsgBox boxes;
+        frmMain w;
+        auto* cat = new MainCatalogue;
+        w.SetCatalogue(std::unique_ptr<CatalogueHooks>(cat));
+        QVERIFY(w.Load(env()));
+        QVERIFY(boxes.calls().empty());
+        QCOMPARE(w.lstD88->model()->rowCount(), 3);
+        QCOMPARE(w.SelectedKey(), QStringLiteral("K2309"));
+        QVERIFY(
+            w.txtSyosai->toPlainText().startsWith(QStringLiteral("[Title] 魔導城アステリオン")));
+        QCOMPARE(w.windowTitle(), QStringLiteral("TORVANE　- Torvane for PC8801mk2SR on MS Windows "
+                                                 "- ( 3 Images )"));
+        QCOMPARE(w.txtHardImagePath->text(), app + "/images");
+        QVERIFY(w.txtHardImagePath->isReadOnly());
+        const char* family0[] = {"P88SR(&P)", "M88(&M)", "PC88Win(&W)", "X88000(&X)", "QUASI88(&Q)",
+                                 "j80(&J)",   "-----",   "-----",       "-----"};
+        for (int i = 1; i <= 9; ++i) {
+            QAction* a = w.Menu(QStringLiteral("mnuEmuRunEach(%1)").arg(i));
+            QVERIFY2(a, qPrintable(QString::number(i)));
+            QCOMPARE(a->text(), QString::fromLatin1(family0[i - 1]));
+            QCOMPARE(cat->Ui()->mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(i))->text(),
+                     QString::fromLatin1(family0[i - 1]));
+        }
+        w.cbxHardWare->setCurrentIndex(1);
+        QCOMPARE(w.Menu("mnuEmuRunEach(3)")->text(), QStringLiteral("EM7(&7)"));
+        QCOMPARE(w.Menu("mnuEmuRunEach(4)")->text(), QStringLiteral("-----"));
+        QCOMPARE(w.SelectedKey(), QString()); // a later change of family selects nothing
+        w.cbxHardWare->setCurrentIndex(0);
+        QCOMPARE(w.SelectedKey(), QString());
+        w.close();
+        QCOMPARE(tvtest::ReadBytes(app + "/TORVANE.LST"), lst);
+        QCOMPARE(tvtest::ReadBytes(app + "/TORVANE.LFM"), tvtest::LstHeaderBytes(1));
+        QVERIFY(!QFileInfo::exists(app + "/TORVANE.LSB"));
     }
 };
 
