@@ -18,6 +18,7 @@
 #include "shell/Startup.h"
 #include "shell/StartupFixture.h"
 #include "shell/SubFunction.h"
+#include "support/LaunchFixture.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/TestEmu.h"
 
@@ -37,188 +38,8 @@ using namespace tvtest;
 
 namespace {
 
-QByteArray ReadAll(const QString& path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-
-bool WriteFile(const QString& path, const QByteArray& bytes)
-{
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size();
-}
-
-QByteArray Disk(const QByteArray& name, int size, char fill)
-{
-    QByteArray d;
-    ByteWriter w(d);
-    w.raw(name, 17);
-    w.raw(QByteArray(9, '\0'), 9);
-    w.u8(0);
-    w.u8(0x20);
-    w.i32(size);
-    d.append(QByteArray(size - kD88HeaderSize, fill));
-    return d;
-}
-
-// An image of `size` bytes whose content the test emulator's change (16 bytes at 32) shows.
-QByteArray Image(int size = 4096)
-{
-    return Disk("IMAGE", size, 'i');
-}
-
-const QByteArray kChanged("TESTEMU CHANGED!");
-
-class Launch : public ::testing::Test {
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(root_.isValid());
-        r_ = root_.path();
-        for (const char* d : {"tmp", "app/TORVBOOT", "images", "snap", "save", "pat", "emu"})
-            QDir().mkpath(r_ + "/" + d);
-        saved_.emplace();
-        EnvTmpDir = EnvTempDir = r_ + "/tmp";
-        WindowsDir = "/etc";
-        SystemDir = "/usr";
-        AppDir = r_ + "/app";
-        WorkDir = AppDir + "/TORVBOOT";
-        PeekDir = EnvTmpDir + "/TORVBOOT";
-        InitTables();
-        SetDefaultCfg(Cfg);
-        Cfg.WinSendWait = 0;
-        for (int f = 0; f < 3; ++f) {
-            ImageDir[f] = r_ + "/images";
-            SnapDir[f] = r_ + "/snap";
-            PatSaveDir[f] = r_ + "/pat";
-        }
-        M88SaveDir = P88SaveDir = r_ + "/save";
-        launchHooks.hasSelectedItem = [] { return true; };
-        launchHooks.setStatusText = [this](const QString& s) { status_ = s; };
-        log_ = r_ + "/emu.log";
-        ClearInputLog();
-    }
-    void TearDown() override
-    {
-        launchHooks = {};
-        QDir::setCurrent(QCoreApplication::applicationDirPath());
-    }
-
-    // Installs the test emulator for a code in its own directory with the given actions.
-    QString Emu(int code, QMap<QString, QString> actions = {})
-    {
-        const QString dir = r_ + "/emu/" + QString::number(code);
-        QDir().mkpath(dir);
-        EXPECT_FALSE(InstallTestEmu(dir, EmuExeName(code)).isEmpty());
-        actions["log"] = log_;
-        if (!actions.contains("exitafter"))
-            actions["exitafter"] = "300";
-        EXPECT_TRUE(WriteTestEmuConfig(dir, actions));
-        QString* field = nullptr;
-        switch (code) {
-        case 2:
-            field = &Cfg.M88Dir;
-            break;
-        case 3:
-            field = &Cfg.PC88WinDir;
-            break;
-        case 11:
-            field = &Cfg.Xm7DosDir;
-            break;
-        case 12:
-            field = &Cfg.Xm7WinDir;
-            break;
-        case 13:
-            field = &Cfg.Em7WinDir;
-            break;
-        case 22:
-            field = &Cfg.XmilDir;
-            break;
-        case 24:
-            field = &Cfg.WinX1Dir;
-            break;
-        }
-        if (field)
-            *field = dir;
-        return dir;
-    }
-
-    void Item(uint8_t hw, const QString& jitu, const QString& start, uint8_t arc = 0,
-              uint8_t rearc = 0, const QString& second = QString())
-    {
-        HardWare = hw;
-        LstObj.SetJituFile(jitu);
-        LstObj.SetStartFileName(start);
-        LstObj.SetSecondFile(second);
-        LstObj.SetArcCheckFlag(arc);
-        LstObj.SetReArcCheckFlag(rearc);
-    }
-
-    // Packs `files` (name, bytes) into an archive through the archive service.
-    QString Archive(const QString& name, const QMap<QString, QByteArray>& files)
-    {
-        const QString src = r_ + "/pack";
-        QDir(src).removeRecursively();
-        QDir().mkpath(src);
-        for (auto it = files.begin(); it != files.end(); ++it)
-            WriteFile(src + "/" + it.key(), it.value());
-        const QString path = r_ + "/images/" + name;
-        EXPECT_EQ(ArcPack(nullptr, path, src, kArcTrue), 0);
-        QDir(src).removeRecursively();
-        return path;
-    }
-
-    // The members of an archive, unpacked into a fresh directory.
-    QMap<QString, QByteArray> Members(const QString& archive)
-    {
-        const QString dst = r_ + "/unpack";
-        QDir(dst).removeRecursively();
-        QDir().mkpath(dst);
-        EXPECT_EQ(ArcMelt(nullptr, archive, dst, QString(), kArcTrue, kArcFalse), 0);
-        QMap<QString, QByteArray> out;
-        for (const QString& f : QDir(dst).entryList(QDir::Files))
-            out[f] = ReadAll(dst + "/" + f);
-        return out;
-    }
-
-    std::vector<TestEmuRun> Runs() { return ReadTestEmuLog(log_); }
-    QStringList WorkFiles()
-    {
-        return QDir(WorkDir).entryList(QDir::Files | QDir::Dirs | QDir::NoDotAndDotDot);
-    }
-    QStringList Clips()
-    {
-        QStringList out;
-        for (const InputRecord& r : InputLog())
-            if (r.kind == InputRecord::Clip)
-                out << r.text;
-        return out;
-    }
-    QStringList KeySeqs()
-    {
-        QStringList out;
-        for (const InputRecord& r : InputLog())
-            if (r.kind == InputRecord::Keys)
-                out << r.text;
-        return out;
-    }
-
-    struct Saved {
-        QString tmp = EnvTmpDir, temp = EnvTempDir, win = WindowsDir, sys = SystemDir, app = AppDir,
-                work = WorkDir, peek = PeekDir;
-        uint8_t hw = HardWare;
-        ~Saved()
-        {
-            EnvTmpDir = tmp, EnvTempDir = temp, WindowsDir = win, SystemDir = sys;
-            AppDir = app, WorkDir = work, PeekDir = peek, HardWare = hw;
-        }
-    };
-    QTemporaryDir root_;
-    QString r_, log_, status_;
-    std::optional<Saved> saved_;
-};
+// The shared launch fixture (tests/support/LaunchFixture.h).
+class Launch : public LaunchFixture {};
 
 } // namespace
 
@@ -246,7 +67,7 @@ TEST_F(Launch, PlainImageOnXm7Dos)
     EXPECT_EQ(QFileInfo(runs[0].cwd).canonicalFilePath(), QFileInfo(WorkDir).canonicalFilePath());
     for (const char* rom : {"FBASIC30.ROM", "KANJI.ROM", "GAME.D77"})
         EXPECT_TRUE(runs[0].files.contains(rom)) << rom;
-    EXPECT_EQ(ReadAll(image).mid(32, 16), kChanged);
+    EXPECT_EQ(ReadFile(image).mid(32, 16), kChanged);
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
@@ -276,7 +97,7 @@ TEST_F(Launch, LzhOnM88WithSaveStatesAndRepack)
     const auto members = Members(arc);
     EXPECT_EQ(members.keys(), (QStringList{"README.TXT", "game.d88"}));
     EXPECT_EQ(members.value("game.d88").mid(32, 16), kChanged);
-    EXPECT_EQ(ReadAll(dir + "/M88.INI"), ini);
+    EXPECT_EQ(ReadFile(dir + "/M88.INI"), ini);
     EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
@@ -307,7 +128,7 @@ TEST_F(Launch, ZipTwoDiskD88SplitForXmillennium)
     ASSERT_EQ(joined.size(), d1.size() + d2.size());
     EXPECT_EQ(joined.left(2000), d1);
     EXPECT_EQ(joined.mid(2000 + 32, 16), kChanged);
-    EXPECT_EQ(ReadAll(dir + "/Xmillennium.ini"), "[Xmillennium]\r\nStartDir=C:\\X\r\n");
+    EXPECT_EQ(ReadFile(dir + "/Xmillennium.ini"), "[Xmillennium]\r\nStartDir=C:\\X\r\n");
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
@@ -340,7 +161,7 @@ TEST_F(Launch, ChangedArchiveKeptOnNoAndForFlagZero)
     Cfg.WinX1CfgChk = 1;
     Emu(24, {{"change", "GAME.2D"}});
     const QString arc = Archive("GAME.ZIP", {{"GAME.2D", Image()}});
-    const QByteArray before = ReadAll(arc);
+    const QByteArray before = ReadFile(arc);
     Item(2, arc, "GAME.2D", 1, 2);
     {
         ScriptedMsgBox box;
@@ -348,14 +169,14 @@ TEST_F(Launch, ChangedArchiveKeptOnNoAndForFlagZero)
         RunSelectedItem(24);
         EXPECT_EQ(box.calls().size(), 1u);
     }
-    EXPECT_EQ(ReadAll(arc), before);
+    EXPECT_EQ(ReadFile(arc), before);
     Item(2, arc, "GAME.2D", 1, 0);
     {
         ScriptedMsgBox box;
         RunSelectedItem(24);
         EXPECT_TRUE(box.calls().empty());
     }
-    EXPECT_EQ(ReadAll(arc), before);
+    EXPECT_EQ(ReadFile(arc), before);
     EXPECT_EQ(Runs().size(), 2u);
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
@@ -371,7 +192,7 @@ TEST_F(Launch, DeadPathFoundByBareNameInImageDir)
     ScriptedMsgBox box;
     RunSelectedItem(12);
     EXPECT_TRUE(box.calls().empty());
-    EXPECT_EQ(ReadAll(r_ + "/images/GAME.D77").mid(32, 16), kChanged);
+    EXPECT_EQ(ReadFile(r_ + "/images/GAME.D77").mid(32, 16), kChanged);
 }
 
 TEST_F(Launch, BareJituFileIsTakenFromImageDir)
@@ -496,13 +317,13 @@ TEST_F(Launch, JoinFailureIsTold)
     const QString dir = Emu(22, {{"save", "J.D88"}});
     WriteFile(dir + "/Xmillennium.ini", "[Xmillennium]\r\n");
     const QString arc = Archive("J.ZIP", {{"J.D88", Disk("A", 500, 'a') + Disk("B", 500, 'b')}});
-    const QByteArray before = ReadAll(arc);
+    const QByteArray before = ReadFile(arc);
     Item(2, arc, "J.D88", 1, 1);
     ScriptedMsgBox box;
     RunSelectedItem(22);
     ASSERT_EQ(box.calls().size(), 1u);
     EXPECT_EQ(box.calls()[0].text, kJoinErrorText);
-    EXPECT_EQ(ReadAll(arc), before);
+    EXPECT_EQ(ReadFile(arc), before);
     EXPECT_TRUE(QFileInfo::exists(dir + "/Xmillennium.org"));
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
@@ -528,7 +349,7 @@ TEST_F(Launch, EmulatorThatCantStartEndsSilently)
     EXPECT_EQ(v, EmuPath(dir + "/M88.EXE", WorkDir));
     GetIniValue("M88p2 for Windows", "BIOSPath", "", v, dir + "/M88.INI");
     EXPECT_EQ(v, EmuPath(dir + "/M88.EXE", dir));
-    EXPECT_EQ(ReadAll(dir + "/M88.ORG"), "[M88p2 for Windows]\r\nFlags=1\r\n");
+    EXPECT_EQ(ReadFile(dir + "/M88.ORG"), "[M88p2 for Windows]\r\nFlags=1\r\n");
 }
 
 TEST(LaunchRoads, RoadsThatNeedGeneratedOptionsAreClosed)
@@ -582,7 +403,7 @@ TEST_F(Launch, KilledWhileEmulatorRuns)
     const QString dir = Emu(22, {{"change", "K#02_B.D88"}, {"exitafter", "3000"}});
     WriteFile(dir + "/Xmillennium.ini", "[Xmillennium]\r\n");
     const QString arc = Archive("K.ZIP", {{"K.D88", Disk("A", 500, 'a') + Disk("B", 500, 'b')}});
-    const QByteArray before = ReadAll(arc);
+    const QByteArray before = ReadFile(arc);
 
     QProcess child;
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
@@ -604,7 +425,7 @@ TEST_F(Launch, KilledWhileEmulatorRuns)
     ASSERT_TRUE(child.waitForFinished());
     EXPECT_EQ(child.exitStatus(), QProcess::CrashExit);
 
-    EXPECT_EQ(ReadAll(arc), before);
+    EXPECT_EQ(ReadFile(arc), before);
     const QStringList left = WorkFiles();
     EXPECT_TRUE(left.contains("K#01_A.D88"));
     EXPECT_TRUE(left.contains("K#02_B.D88"));
@@ -623,7 +444,7 @@ TEST_F(Launch, KilledWhileEmulatorRuns)
     EXPECT_EQ(box.calls()[0].text, StartupText::BootDirExists);
     EXPECT_EQ(box.calls()[0].flags, MbExclamation | MbYesNo);
     EXPECT_TRUE(WorkFiles().contains("K#01_A.D88"));
-    EXPECT_EQ(ReadAll(arc), before);
+    EXPECT_EQ(ReadFile(arc), before);
 }
 
 // M88 without "既存INI使用": the adapter writes the whole INI for the run, the modules the
@@ -643,8 +464,8 @@ TEST_F(Launch, M88GeneratedIniAndModulesComeBack)
     EXPECT_TRUE(box.calls().empty());
     ASSERT_EQ(Runs().size(), 1u);
     EXPECT_EQ(Runs()[0].args.mid(1), QStringList{"G.D88"});
-    EXPECT_EQ(ReadAll(dir + "/M88.INI"), ini);
-    EXPECT_EQ(ReadAll(dir + "/cdif.m88"), "module");
+    EXPECT_EQ(ReadFile(dir + "/M88.INI"), ini);
+    EXPECT_EQ(ReadFile(dir + "/cdif.m88"), "module");
     EXPECT_FALSE(QFileInfo::exists(dir + "/cdif._m88"));
     EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
 }
@@ -664,9 +485,9 @@ TEST_F(Launch, M88GeneratedIniIsTheAdaptersText)
     ScriptedMsgBox box;
     RunSelectedItem(2);
     EXPECT_TRUE(box.calls().empty());
-    EXPECT_EQ(ReadAll(dir + "/M88.INI"),
+    EXPECT_EQ(ReadFile(dir + "/M88.INI"),
               ToSjis(MakeM88Ini(Cfg.CfgEmuOpt88)) + QByteArrayLiteral("\r\n"));
-    EXPECT_EQ(ReadAll(dir + "/M88.ORG"), "user");
+    EXPECT_EQ(ReadFile(dir + "/M88.ORG"), "user");
 }
 
 // A .PAT travels in under the stem of Image and never comes back; the FMPAN disk goes on the
@@ -691,7 +512,7 @@ TEST_F(Launch, PatAndFmPanTravelInOnly)
     EXPECT_TRUE(runs[0].files.contains("GAME.PAT"));
     EXPECT_TRUE(runs[0].files.contains("FMPAN.D88"));
     EXPECT_EQ(Clips(), QStringList{"GAME.D88"});
-    EXPECT_EQ(ReadAll(r_ + "/pat/GAME.PAT"), "palette");
+    EXPECT_EQ(ReadFile(r_ + "/pat/GAME.PAT"), "palette");
     EXPECT_TRUE(QDir(r_ + "/snap").entryList(QDir::Files).isEmpty());
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
@@ -717,7 +538,7 @@ TEST_F(Launch, PciDebugStagedAndTakenAway)
         EXPECT_TRUE(runs[0].files.contains(f)) << f;
     EXPECT_TRUE(QDir(r_ + "/snap").entryList(QDir::Files).isEmpty());
     EXPECT_EQ(Members(arc).keys(), (QStringList{"A.D77", "B.D77"}));
-    EXPECT_EQ(ReadAll(dir + "/XM7.INI"), "[XM7]\r\n");
+    EXPECT_EQ(ReadFile(dir + "/XM7.INI"), "[XM7]\r\n");
     EXPECT_FALSE(QFileInfo::exists(dir + "/XM7.ORG"));
     EXPECT_TRUE(WorkFiles().isEmpty());
 }

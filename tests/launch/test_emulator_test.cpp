@@ -70,3 +70,48 @@ TEST(TestEmulator, InstallsUnderEveryEmulatorName)
         EXPECT_TRUE(QFileInfo(path).isExecutable());
     }
 }
+
+// "show=" and "list=": what stands in files and directories when the emulator starts, before
+// its own actions change anything.
+TEST(TestEmulator, ShowsFilesAndListsDirectoriesAtItsStart)
+{
+    QTemporaryDir root;
+    const QString emu = root.filePath("emu"), side = root.filePath("side"),
+                  empty = root.filePath("empty");
+    for (const QString& d : {emu, side, empty})
+        QDir().mkpath(d);
+    const QString log = root.filePath("log.txt");
+    const QString exe = InstallTestEmu(emu, "M88.EXE");
+    ASSERT_FALSE(exe.isEmpty());
+    // Bytes that no text form would keep: CR LF, NUL, Shift-JIS, a tab.
+    static const char raw[] = "[A]\r\nKey=\x83\x65\x83\x58\x83\x67\0\t\xff\r\n";
+    const QByteArray ini(raw, sizeof raw - 1);
+    QFile f(side + "/M88.INI");
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(ini);
+    f.close();
+    QFile(side + "/b._m88").open(QIODevice::WriteOnly);
+    QFile(side + "/A.m88").open(QIODevice::WriteOnly);
+    ASSERT_TRUE(WriteTestEmuConfig(emu, {{"log", log},
+                                         {"show", side + "/M88.INI, " + side + "/NONE.INI"},
+                                         {"list", side + "," + empty},
+                                         {"delete", side + "/M88.INI"},
+                                         {"exitafter", "100"}}));
+    QProcess p;
+    p.setWorkingDirectory(root.path());
+    p.start(exe, QStringList());
+    ASSERT_TRUE(p.waitForFinished(10000));
+
+    const auto runs = ReadTestEmuLog(log);
+    ASSERT_EQ(runs.size(), 1u);
+    const TestEmuRun& r = runs[0];
+    ASSERT_EQ(ini.size(), 20);
+    EXPECT_EQ(r.shown.keys(), QStringList{side + "/M88.INI"});
+    EXPECT_EQ(r.shown.value(side + "/M88.INI"), ini);
+    EXPECT_EQ(r.unreadable, QStringList{side + "/NONE.INI"});
+    EXPECT_EQ(r.listed.value(side), (QStringList{"A.m88", "M88.INI", "b._m88"}));
+    ASSERT_TRUE(r.listed.contains(empty));
+    EXPECT_TRUE(r.listed.value(empty).isEmpty());
+    // The delete came after: the file shown is gone now.
+    EXPECT_FALSE(QFile::exists(side + "/M88.INI"));
+}

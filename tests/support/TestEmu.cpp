@@ -77,6 +77,14 @@ std::vector<TestEmuRun> ReadTestEmuLog(const QString& path)
             r.cwd = p.mid(1).join(QLatin1Char('\t'));
         else if (kind == QLatin1String("file"))
             r.files << p.mid(1).join(QLatin1Char('\t'));
+        else if (kind == QLatin1String("show")) {
+            const QString bytes = p.value(2);
+            if (bytes.startsWith(QLatin1Char('!')))
+                r.unreadable << p.value(1);
+            else
+                r.shown[p.value(1)] = QByteArray::fromBase64(bytes.toLatin1());
+        } else if (kind == QLatin1String("list"))
+            r.listed[p.value(1)] = p.mid(2);
         else if (kind == QLatin1String("key") || kind == QLatin1String("paste"))
             r.events.push_back({kind, p.value(1).toLongLong(), p.mid(2).join(QLatin1Char('\t'))});
         else if (kind == QLatin1String("done"))

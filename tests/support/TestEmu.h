@@ -1,6 +1,7 @@
 #pragma once
 // The project's test emulator (tools/testemu) in tests: installed under the outside
 // emulators' executable names in a test's emulator directory, configured, and its log read.
+#include <QByteArray>
 #include <QMap>
 #include <QString>
 #include <QStringList>
@@ -36,6 +37,12 @@ struct TestEmuRun {
     QStringList args; // args[0] is the program as started
     QString cwd;
     QStringList files;
+    // "show=": the bytes of each file as the emulator found it at its start; the files that
+    // it couldn't read are in `unreadable`.
+    QMap<QString, QByteArray> shown;
+    QStringList unreadable;
+    // "list=": the plain files of each directory at the start, sorted by name.
+    QMap<QString, QStringList> listed;
     std::vector<TestEmuEvent> events; // keys and pastes in order
     QStringList done;                 // "action\tname" of the actions done
     bool exited = false;

@@ -9,6 +9,10 @@
 //   arg <n> <text>                 one line per argument (0 is the program)
 //   cwd <path>
 //   file <name>                    each plain file in the current directory at the start
+//   show <path> <base64>           the bytes of a file named by "show=", at the start;
+//                                  "!missing" in place of the bytes when it can't be read
+//   list <dir> <name> <name> ...   the plain files of a directory named by "list=", sorted by
+//                                  name, at the start (only the directory for an empty one)
 //   key <ms> <keys>                each key press, "Alt+I", "Ctrl+V", "ENTER", "F10"
 //   paste <ms> <text>              the clipboard text at each Ctrl+V
 //   done <ms> <action> <name>      an action of the configuration, when done
@@ -18,6 +22,8 @@
 // (lines "key=value", "#" starts a comment), then arguments "--testemu-key=value" (logged as
 // arguments like all others). Keys:
 //   log=PATH          the log file (see above)
+//   show=PATH[,PATH]  records the bytes of each PATH at the start (see "show" above)
+//   list=DIR[,DIR]    records the files of each DIR at the start (see "list" above)
 //   dump=NAME         writes a PNG screen dump of the window to NAME
 //   change=NAME       changes 16 bytes at offset 32 of NAME ("TESTEMU CHANGED!"), and moves
 //                     its modification time at least two seconds on
@@ -220,6 +226,25 @@ int main(int argc, char** argv)
     Log({"cwd", QDir::currentPath()});
     for (const QString& name : QDir::current().entryList(QDir::Files, QDir::Name))
         Log({"file", name});
+    // What the emulator finds in the files and directories named, before it acts on anything.
+    if (g_cfg.contains("show")) {
+        for (const QString& raw : g_cfg.value("show").split(QLatin1Char(','))) {
+            const QString path = raw.trimmed();
+            QFile f(path);
+            if (f.open(QIODevice::ReadOnly))
+                Log({"show", path, QString::fromLatin1(f.readAll().toBase64())});
+            else
+                Log({"show", path, QStringLiteral("!missing")});
+        }
+    }
+    if (g_cfg.contains("list")) {
+        for (const QString& raw : g_cfg.value("list").split(QLatin1Char(','))) {
+            const QString dir = raw.trimmed();
+            QStringList names = QDir(dir).entryList(QDir::Files | QDir::Hidden);
+            names.sort(Qt::CaseSensitive);
+            Log(QStringList{"list", dir} + names);
+        }
+    }
 
     EmuWindow w;
     w.show();
