@@ -32,21 +32,11 @@ QString Trimmed(const QString& s)
     return VbTrim(s);
 }
 
-// WorkDir and the emulators' directories are native paths; stored names may differ from what
-// stands on disk only in case (the catalogue comes from a case-blind file system), so files
-// of a directory are found without regard to case.
+// Stored names may differ from what stands on disk only in case (the catalogue comes from a
+// case-blind file system), so files of a directory are found without regard to case.
 QString FindNoCase(const QString& dir, const QString& name)
 {
-    if (name.isEmpty() || dir.isEmpty())
-        return {};
-    const QString exact = dir + u'/' + name;
-    if (QFileInfo(exact).isFile())
-        return exact;
-    const QStringList all = QDir(dir).entryList(QDir::Files | QDir::Hidden | QDir::System);
-    for (const QString& f : all)
-        if (f.compare(name, Qt::CaseInsensitive) == 0)
-            return dir + u'/' + f;
-    return {};
+    return FindFileNoCase(dir, name);
 }
 
 // Deletes a file of WorkDir whatever the case of its name; the result is ignored, as the
@@ -502,7 +492,8 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
 
     // 9. The adapter branch.
     const QString Dir = EmuDirOf(EmuCode, Cfg, TuneUse);
-    const QString exe = Dir + u'/' + EmuExeName(EmuCode);
+    // The emulators come from a case-blind platform: "m88.exe" is M88.EXE as well.
+    const QString exe = ResolveFileNoCase(Dir, EmuExeName(EmuCode));
     Branch b;
     b.cmd = LaunchCommand(exe);
     switch (EmuCode) {
@@ -691,8 +682,11 @@ void RunEmulatorOnly(uint8_t HardWare, int16_t EmuCode)
     QDir::setCurrent(cmd.workingDir);
     // A bare name is found in the current directory, as the emulator's home platform does;
     // a POSIX start would only search the PATH.
-    if (!cmd.program.contains(u'/') && QFileInfo(cmd.workingDir + u'/' + cmd.program).isFile())
-        cmd.program = cmd.workingDir + u'/' + cmd.program;
+    if (!cmd.program.contains(u'/')) {
+        const QString found = FindFileNoCase(cmd.workingDir, cmd.program);
+        if (!found.isEmpty())
+            cmd.program = found;
+    }
     StartDetached(cmd);
 }
 

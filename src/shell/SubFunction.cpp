@@ -462,6 +462,26 @@ QString FindFile(const QString& path, int attribute)
     }
 }
 
+QString FindFileNoCase(const QString& dir, const QString& name)
+{
+    if (name.isEmpty() || dir.isEmpty())
+        return {};
+    const QString exact = dir + u'/' + name;
+    if (QFileInfo(exact).isFile())
+        return exact;
+    const QStringList all = QDir(dir).entryList(QDir::Files | QDir::Hidden | QDir::System);
+    for (const QString& f : all)
+        if (f.compare(name, Qt::CaseInsensitive) == 0)
+            return dir + u'/' + f;
+    return {};
+}
+
+QString ResolveFileNoCase(const QString& dir, const QString& name)
+{
+    const QString found = FindFileNoCase(dir, name);
+    return found.isEmpty() ? dir + u'/' + name : found;
+}
+
 bool IsSafeDir(const QString& path, uint8_t kind, uint8_t network)
 {
     const QString t = VbTrim(path);

@@ -40,6 +40,13 @@ inline constexpr int kAttrDirectory = 16;
 // file in dir.
 QString FindFile(const QString& path, int attribute = 0);
 
+// The path of the plain file `name` in `dir`, the exact name first, else a name that differs
+// only in case (names stored on or for a case-blind file system); "" when there is none.
+QString FindFileNoCase(const QString& dir, const QString& name);
+// The same, but the exact path when nothing matches: for a program about to be started or
+// tested, so that a missing file is still reported under the name the user knows.
+QString ResolveFileNoCase(const QString& dir, const QString& name);
+
 // The path guard. kind: 0 no existence test, 1 file or directory, 2 file only, 3 directory
 // only; network 1 allows paths that begin with "\\" (or "//"). The path is refused when its
 // upper-cased text contains the upper-cased EnvTmpDir, SystemDir, WindowsDir or EnvTempDir

@@ -49,7 +49,8 @@ bool fileOk(const QString& path)
 bool exeOk(const QString& dir, const QString& name)
 {
     const QString d = VbTrim(dir);
-    return dirOk(d) && fileOk(d + QStringLiteral("/") + name);
+    // The program may be installed as "m88.exe": the emulators come from a case-blind platform.
+    return dirOk(d) && fileOk(ResolveFileNoCase(d, name));
 }
 bool sameText(const QString& a, const QString& b)
 {

@@ -320,3 +320,18 @@ TEST_F(LaunchM88, IniOfAnUnconfiguredM88Stays)
     EXPECT_EQ(ReadFile(dir_ + "/M88.INI"), GeneratedIni(Cfg.CfgEmuOpt88));
     EXPECT_FALSE(QFileInfo::exists(dir_ + "/M88.ORG"));
 }
+
+namespace {
+// An emulator installed with a lower-case program name still starts: its platform is case-blind.
+TEST_F(LaunchM88, ProgramWithALowerCaseNameStarts)
+{
+    Cfg.DefOpt = 1;
+    M88();
+    ASSERT_TRUE(QFile::rename(dir_ + "/M88.EXE", dir_ + "/m88.exe"));
+    Title("GAME.D88");
+
+    const TestEmuRun run = Launch();
+
+    EXPECT_EQ(run.shown.value(dir_ + "/M88.INI"), GeneratedIni(Cfg.CfgEmuOpt88));
+}
+} // namespace

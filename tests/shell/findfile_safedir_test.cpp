@@ -223,3 +223,21 @@ TEST_F(SafeDirTest, PatternsPassWhenSomethingMatches)
     EXPECT_TRUE(IsSafeDir(dirs.app() + "/img/*.D88", 1, 1));
     EXPECT_FALSE(IsSafeDir(dirs.app() + "/img/*.T88", 1, 1));
 }
+
+TEST(FindFileNoCase, ExactNameFirstThenAnyCase)
+{
+    QTemporaryDir d;
+    ASSERT_TRUE(d.isValid());
+    const QString dir = d.path();
+    QFile f(dir + "/Game.D88");
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.close();
+    EXPECT_EQ(tv::FindFileNoCase(dir, "Game.D88"), dir + "/Game.D88");
+    EXPECT_EQ(tv::FindFileNoCase(dir, "GAME.D88"), dir + "/Game.D88");
+    EXPECT_EQ(tv::FindFileNoCase(dir, "OTHER.D88"), QString());
+    EXPECT_EQ(tv::FindFileNoCase(dir, ""), QString());
+    QDir().mkpath(dir + "/SUB");
+    EXPECT_EQ(tv::FindFileNoCase(dir, "sub"), QString()); // plain files only
+    EXPECT_EQ(tv::ResolveFileNoCase(dir, "game.d88"), dir + "/Game.D88");
+    EXPECT_EQ(tv::ResolveFileNoCase(dir, "M88.EXE"), dir + "/M88.EXE");
+}

@@ -296,3 +296,15 @@ TEST(CfgPathLimit, MeasuredInShiftJisBytes)
     EXPECT_FALSE(FitsCfgPath(QString(129, QChar(0x3042)))); // 258 bytes
     EXPECT_TRUE(FitsCfgPath(QString(256, 'a') + "   "));    // trimmed first
 }
+
+// The emulators come from a case-blind platform: a program installed as "m88.exe" is M88.EXE.
+TEST_F(ValidateCfgTest, ProgramNamesAreFoundWhateverTheirCase)
+{
+    c.M88Use = 1;
+    c.M88Dir = EmuDir("m88lower", "m88.exe");
+    c.WinX1Use = 1;
+    c.WinX1Dir = EmuDir("winx1upper", "WINX1.EXE");
+    EXPECT_EQ(Check(), QString());
+    QFile::remove(c.M88Dir + "/m88.exe");
+    EXPECT_EQ(Check(), QStringLiteral("M88の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
+}

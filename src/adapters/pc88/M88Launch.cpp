@@ -58,7 +58,7 @@ std::optional<QString> CorrectM88Flags(const QString& flags)
 M88Command MakeM88Command(const QString& Image, const QString& PanArg)
 {
     M88Command c;
-    c.Program = M88Dir() + QStringLiteral("/M88.EXE");
+    c.Program = ResolveFileNoCase(M88Dir(), QStringLiteral("M88.EXE"));
     const QString image = M88PathForm(Image);
     const QString ext = GetFileExt(Image);
     if (ext == QLatin1String("T88")) {
