@@ -1,5 +1,7 @@
 #include "mainwindow/frmMain.h"
 
+#include "shell/Help.h"
+
 #include "data/Cfg.h"
 #include "mainwindow/frmTitle.h"
 #include "settings/frmAbout.h"
@@ -158,8 +160,10 @@ void frmMain::BuildMenus()
     add(opt, QStringLiteral("mnuOptionTORVOp"), QStringLiteral("TORVANE ｵﾌﾟｼｮﾝ(&O)..."), false);
 
     QMenu* help = sub(nullptr, QStringLiteral("mnuHelp"), QStringLiteral("ヘルプ(&H)"));
-    add(help, QStringLiteral("mnuHelpTORVANE"), QStringLiteral("TORVANE ヘルプ(&H)"), false);
-    add(help, QStringLiteral("mnuHelpTopic"), QStringLiteral("トピックの検索(&S)"), false);
+    connect(add(help, QStringLiteral("mnuHelpTORVANE"), QStringLiteral("TORVANE ヘルプ(&H)"), true),
+            &QAction::triggered, this, [] { ShowHelpTopic(kHelpMain); });
+    connect(add(help, QStringLiteral("mnuHelpTopic"), QStringLiteral("トピックの検索(&S)"), true),
+            &QAction::triggered, this, [] { ShowHelpTopic(kHelpContents); });
     help->addSeparator();
     connect(
         add(help, QStringLiteral("mnuHelpVersion"), QStringLiteral("バージョン情報(&A)..."), true),

@@ -1,7 +1,8 @@
 #include "settings/frmAbout.h"
 
+#include "platform/Shell.h"
 #include <QCoreApplication>
-#include <QDesktopServices>
+
 #include <QGridLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
@@ -47,7 +48,7 @@ frmAbout::frmAbout(QWidget* parent) : QDialog(parent)
     // A click opens the address with the desktop's handler.
     lblWebPage->setTextInteractionFlags(Qt::LinksAccessibleByMouse);
     connect(lblWebPage, &QLabel::linkActivated, this,
-            [](const QString& url) { QDesktopServices::openUrl(QUrl(url)); });
+            [](const QString& url) { OpenUrl(QUrl(url)); });
     txtContents = new QPlainTextEdit(this);
     txtContents->setObjectName(QStringLiteral("txtContents"));
     txtContents->setReadOnly(true);

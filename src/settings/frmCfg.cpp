@@ -1,5 +1,7 @@
 #include "settings/frmCfg.h"
 
+#include "shell/Help.h"
+
 #include "adapters/pc88/frmM88Op.h"
 #include "data/Cfg.h"
 #include "platform/MsgBox.h"
@@ -153,7 +155,7 @@ frmCfg::frmCfg(QWidget* parent) : QDialog(parent)
         return b;
     };
     cmdHelpContext = mk("cmdHelpContext", "ﾍﾙﾌﾟ(&H)");
-    cmdHelpContext->setEnabled(false); // the help file comes with the help system
+    connect(cmdHelpContext, &QPushButton::clicked, this, [] { ShowHelpTopic(kHelpCfg); });
     cmdOK = mk("cmdOK", "OK");
     cmdOK->setDefault(true); // Enter in a box stores and closes, as in any settings dialog
     cmdCancel = mk("cmdCancel", "ｷｬﾝｾﾙ");

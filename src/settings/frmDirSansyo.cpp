@@ -1,5 +1,7 @@
 #include "settings/frmDirSansyo.h"
 
+#include "shell/Help.h"
+
 #include "platform/MsgBox.h"
 #include "shell/DirSansyo.h"
 #include "shell/SubFunction.h"
@@ -51,7 +53,7 @@ frmDirSansyo::frmDirSansyo(QWidget* parent) : QDialog(parent)
     cmdCancel->setObjectName(QStringLiteral("cmdCancel"));
     cmdHelpContext = new QPushButton(QStringLiteral("ﾍﾙﾌﾟ(&H)"), this);
     cmdHelpContext->setObjectName(QStringLiteral("cmdHelpContext"));
-    cmdHelpContext->setEnabled(false); // the help file comes with the help system
+    connect(cmdHelpContext, &QPushButton::clicked, this, [] { ShowHelpTopic(kHelpDirSansyo); });
 
     auto* g = new QGridLayout(this);
     g->addWidget(drvSansyo, 0, 0, 1, 2);

@@ -130,8 +130,7 @@ bool Startup::Run()
         Refuse(StartupText::BootDirFailed);
 
     // 10
-    HelpFile = AppDir + QStringLiteral("/TORVANE.HLP");
-    InitTables();
+    InitTables(); // also names the help file
 
     // 11
     ui_.SetListExStyle();

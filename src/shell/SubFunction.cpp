@@ -4,6 +4,7 @@
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
 #include "shell/Globals.h"
+#include "shell/Help.h"
 #include "shell/Sjis.h"
 
 #include <QDir>
@@ -611,7 +612,7 @@ QString FitText(const QString& text, int lineWidth, int lineCount, int byteLimit
 
 void InitTables()
 {
-    HelpFile = AppDir + QStringLiteral("/TORVANE.HLP");
+    HelpFile = AppDir + QStringLiteral("/") + kHelpFileName;
     for (auto& row : ExtTable)
         for (auto& cell : row)
             cell.clear();

@@ -19,6 +19,11 @@
 #include <QTest>
 #include <QTreeView>
 
+#include "platform/Shell.h"
+#include "shell/SubFunction.h"
+
+#include <QUrl>
+
 using namespace tv;
 
 class TestFrmCfg : public QObject {
@@ -56,6 +61,28 @@ private slots:
         SetDefaultCfg(Cfg);
         frmCfg::OptionDialogs().clear();
         frmCfg::OptionTexts().clear();
+    }
+
+    void helpButtonOpensTheDialogsTopic()
+    {
+        InitTables();
+        QFile f(HelpFile);
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write("<html></html>");
+        f.close();
+        QList<QUrl> opened;
+        UrlOpener previous = SetUrlOpener([&](const QUrl& u) {
+            opened << u;
+            return true;
+        });
+        frmCfg d;
+        auto* help = d.Ctl<QPushButton>("cmdHelpContext");
+        QVERIFY(help && help->isEnabled());
+        help->click();
+        SetUrlOpener(std::move(previous));
+        QCOMPARE(opened.size(), 1);
+        QCOMPARE(opened[0].fragment(), QStringLiteral("cfg"));
+        QFile::remove(HelpFile);
     }
 
     void captionsAndPages()

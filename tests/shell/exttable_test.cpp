@@ -57,7 +57,7 @@ TEST_F(ExtTableTest, InitTablesSetsHelpFileBesideProgram)
     const QString saved = AppDir;
     AppDir = QStringLiteral("/opt/torv");
     InitTables();
-    EXPECT_EQ(HelpFile, QStringLiteral("/opt/torv/TORVANE.HLP"));
+    EXPECT_EQ(HelpFile, QStringLiteral("/opt/torv/TORVANE.html"));
     AppDir = saved;
 }
 

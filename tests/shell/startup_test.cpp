@@ -55,7 +55,7 @@ TEST_F(StartupTest, ValidCfgStartsWithTheStepsInOrder)
     EXPECT_EQ(EnvTmpDir, tmp);
     EXPECT_EQ(EnvTempDir, temp);
     EXPECT_EQ(KeyPrefix, "K");
-    EXPECT_EQ(HelpFile, app + "/TORVANE.HLP");
+    EXPECT_EQ(HelpFile, app + "/TORVANE.html");
 }
 
 TEST_F(StartupTest, TrailingSeparatorsOfTmpAndTempAreRemoved)
