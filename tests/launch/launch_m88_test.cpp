@@ -223,6 +223,8 @@ TEST_F(LaunchM88, Rnd4m88StartedOnlyWhenTheBlockAsks)
         RunSelectedItem(2);
     }
     ASSERT_EQ(starts("M88.EXE").size(), 1u);
+    // RND4M88 would have been started before the launch returned, while M88 ran.
+    EXPECT_TRUE(starts("RND4M88.EXE").empty());
     // With the title's block it starts.
     Cfg.DefOpt = 0;
     {
@@ -245,8 +247,10 @@ TEST_F(LaunchM88, Rnd4m88StartedOnlyWhenTheBlockAsks)
     const auto m88 = starts("M88.EXE");
     const auto rnd = starts("RND4M88.EXE");
     ASSERT_EQ(m88.size(), 2u);
+    // Started with the second launch: the processes stamp their own start lines, so the
+    // order of the two stamps of one launch says nothing.
     ASSERT_EQ(rnd.size(), 1u);
-    EXPECT_GE(rnd[0].startMs, m88[1].startMs);
+    EXPECT_GT(rnd[0].startMs, m88[0].startMs);
     EXPECT_EQ(exits(), 3);
 }
 
