@@ -229,6 +229,14 @@ void TitleListModel::sortByColumn(int column, bool descending)
     else
         stableOrder(order, [&](int a, int b) { return folded[size_t(a)] < folded[size_t(b)]; });
 
+    applyOrder(order);
+}
+
+// Puts the rows in `order` (old row numbers in their new sequence), keeping the views'
+// selection and current row on the same titles.
+void TitleListModel::applyOrder(const std::vector<int>& order)
+{
+    const size_t n = order.size();
     emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
     std::vector<int> newPos(n);
     for (size_t i = 0; i < n; ++i)
@@ -258,21 +266,7 @@ void TitleListModel::sortBySeek(bool descending)
         stableOrder(order, [&](int a, int b) { return seek[size_t(b)] < seek[size_t(a)]; });
     else
         stableOrder(order, [&](int a, int b) { return seek[size_t(a)] < seek[size_t(b)]; });
-    emit layoutAboutToBeChanged({}, QAbstractItemModel::VerticalSortHint);
-    std::vector<int> newPos(n);
-    for (size_t i = 0; i < n; ++i)
-        newPos[size_t(order[i])] = int(i);
-    std::vector<Row> sorted;
-    sorted.reserve(n);
-    for (size_t i = 0; i < n; ++i)
-        sorted.push_back(std::move(rows_[size_t(order[i])]));
-    rows_.swap(sorted);
-    const QModelIndexList from = persistentIndexList();
-    QModelIndexList to;
-    for (const QModelIndex& p : from)
-        to.append(index(newPos[size_t(p.row())], p.column()));
-    changePersistentIndexList(from, to);
-    emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
+    applyOrder(order);
 }
 
 void TitleListModel::applySortKey(int key)

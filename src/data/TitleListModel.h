@@ -83,6 +83,7 @@ public:
     static QIcon iconFor(const QString& ext);
 
 private:
+    void applyOrder(const std::vector<int>& order);
     std::vector<Row> rows_;
     std::array<QString, kListColumns> captions_;
     bool filling_ = false;
