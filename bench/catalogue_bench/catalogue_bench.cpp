@@ -48,6 +48,9 @@ static long peakKb()
 
 int main(int argc, char** argv)
 {
+    // Measured offscreen unless a display is asked for explicitly.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QList<int> counts;
     for (int i = 1; i < argc; ++i)
