@@ -85,6 +85,9 @@ TEST(M88Flags, CorrectionOfAnExistingIni)
     EXPECT_EQ(CorrectM88Flags(QString()), QStringLiteral("3"));
     EXPECT_EQ(CorrectM88Flags(QStringLiteral("abc")), QStringLiteral("3"));
     EXPECT_EQ(CorrectM88Flags(QStringLiteral("12345678901")), QStringLiteral("3")); // 11 chars
+    // Words that a number parser may take for infinities or not-a-number are no numbers.
+    for (const char* word : {"inf", "nan", "-inf", "infinity", "NaN"})
+        EXPECT_EQ(CorrectM88Flags(QString::fromLatin1(word)), QStringLiteral("3")) << word;
     // 8 digits ending in hexadecimal 3 are left alone: 12345683 = 0xBC6153.
     EXPECT_EQ(CorrectM88Flags(QStringLiteral("12345683")), std::nullopt);
     EXPECT_EQ(CorrectM88Flags(QStringLiteral("3")), std::nullopt);

@@ -394,6 +394,23 @@ private slots:
         QCOMPARE(d.boxLimit(c<QLineEdit>(d, "txtM88_8Op", 2)), 999999.0);
     }
 
+    void keysThatTypeNoCharacterStillEditTheBox()
+    {
+        // Delete and the arrows are no key presses of a character: the filter never sees them.
+        frmM88Op d(0, nullptr);
+        auto* t = c<QLineEdit>(d, "txtM88_1Op", 1);
+        QVERIFY(t->isEnabled());
+        t->setText("16");
+        t->setCursorPosition(0);
+        // The X11 keyboard gives Delete the text DEL (127), as the test events do not.
+        QTest::sendKeyEvent(QTest::Press, t, Qt::Key_Delete, QString(QChar(127)), Qt::NoModifier);
+        QTest::sendKeyEvent(QTest::Release, t, Qt::Key_Delete, QString(QChar(127)), Qt::NoModifier);
+        QCOMPARE(t->text(), QStringLiteral("6"));
+        QTest::keyClick(t, Qt::Key_Right);
+        QTest::keyClick(t, Qt::Key_Backspace);
+        QCOMPARE(t->text(), QString());
+    }
+
     void upDownStepsWithinItsLimits()
     {
         frmM88Op d(0, nullptr);

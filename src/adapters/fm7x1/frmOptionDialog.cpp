@@ -473,6 +473,8 @@ bool OptionDialog::FilterNumberKey(QLineEdit* box, QKeyEvent* key)
         return false;
     if (key->key() == Qt::Key_Tab || key->key() == Qt::Key_Backtab)
         return false; // focus movement, not typing
+    if (key->key() == Qt::Key_Delete)
+        return false; // an editing key that types no character, though it may carry DEL
     if (ch < QLatin1Char('0') || ch > QLatin1Char('9'))
         return true;
     // The digit is judged as if appended, wherever the insertion point stands.

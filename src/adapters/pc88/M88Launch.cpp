@@ -29,7 +29,8 @@ std::optional<double> ProfileNumber(const QString& text)
     }
     bool ok = false;
     const double v = t.toDouble(&ok);
-    return ok ? std::optional<double>(v) : std::nullopt;
+    // The parser also reads "inf" and "nan", which are words, not numbers.
+    return ok && std::isfinite(v) ? std::optional<double>(v) : std::nullopt;
 }
 
 } // namespace
