@@ -588,6 +588,8 @@ private slots:
         QCOMPARE(speed->maximum(), 200);
         speed->setValue(125);
         QCOMPARE(speed->value(), 130);
+        // The label shows the rounded value, not the one the slider passed through.
+        QCOMPARE(c<QLabel>(d, "lblM88_12Op", 1)->text(), QStringLiteral("130 %"));
         speed->setValue(124);
         QCOMPARE(speed->value(), 120);
         c<QSlider>(d, "sldM88_7Op", 0)->setValue(37);

@@ -355,7 +355,11 @@ QLabel* OptionDialog::ValueLabel(QSlider* slider, const QString& name, int index
     l->setObjectName(ControlName(name, index));
     l->setText(format(slider->value()));
     l->setMinimumWidth(l->fontMetrics().horizontalAdvance(QStringLiteral("Mute ms ")));
-    connect(slider, &QSlider::valueChanged, l, [l, format](int v) { l->setText(format(v)); });
+    // The label reads the slider's value rather than the signal's: a Change handler that
+    // corrects the value (the speed's rounding) emits again from inside the first emission,
+    // and the first one's stale value must not come last.
+    connect(slider, &QSlider::valueChanged, l,
+            [l, format, slider](int) { l->setText(format(slider->value())); });
     return l;
 }
 
