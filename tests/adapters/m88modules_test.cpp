@@ -1,5 +1,6 @@
 #include "adapters/pc88/M88Modules.h"
 #include "data/Cfg.h"
+#include "data/clsLst.h"
 #include "shell/Globals.h"
 
 #include <QDir>
@@ -22,6 +23,8 @@ protected:
         saved_ = {EnvTmpDir, EnvTempDir, SystemDir, WindowsDir, M88SaveDir, Cfg.M88Dir};
         savedCfg_ = Cfg.CfgEmuOpt88;
         savedCur_ = CurEmuOpt88;
+        LstObj.GetEmuOpt88();
+        savedRecord_ = CurEmuOpt88;
         EnvTmpDir = EnvTempDir = r.filePath(QStringLiteral("tmp"));
         SystemDir = QStringLiteral("/usr");
         WindowsDir = QStringLiteral("/etc");
@@ -31,6 +34,7 @@ protected:
         Cfg.M88Dir = emu_ + QStringLiteral("   "); // blank-filled as in the record
         Cfg.CfgEmuOpt88 = EmuOpt88{};
         CurEmuOpt88 = EmuOpt88{};
+        LstObj.SetEmuOpt88(); // the title's record in the catalogue's buffer
     }
     void TearDown() override
     {
@@ -41,6 +45,8 @@ protected:
         M88SaveDir = saved_[4];
         Cfg.M88Dir = saved_[5];
         Cfg.CfgEmuOpt88 = savedCfg_;
+        CurEmuOpt88 = savedRecord_;
+        LstObj.SetEmuOpt88();
         CurEmuOpt88 = savedCur_;
     }
     void Put(const QString& dir, const QString& name)
@@ -58,7 +64,7 @@ protected:
 
     QTemporaryDir root_;
     std::array<QString, 6> saved_;
-    EmuOpt88 savedCfg_, savedCur_;
+    EmuOpt88 savedCfg_, savedCur_, savedRecord_;
     QString emu_, save_;
 };
 
@@ -94,6 +100,7 @@ TEST_F(M88ModulesTest, WantedModulesStayOrAreCopiedInFromTheSaveDirectory)
     Put(save_, QStringLiteral("SeekSnd.m88"));
     Put(save_, QStringLiteral("cdif.m88")); // unwanted and not here: nothing happens
     const QStringList before = Listing(emu_);
+    LstObj.SetEmuOpt88();
     ModuleState st;
     HideM88Modules(st, 0);
     EXPECT_EQ(st, (ModuleState{0, 0, 10, 0, 0, 0, 1, 0}));
@@ -109,6 +116,7 @@ TEST_F(M88ModulesTest, WantedModuleWithAMissingFileIsHiddenWhole)
     CurEmuOpt88.M88_5Op[0] = 1;
     Put(emu_, QStringLiteral("diskdrv.m88"));
     Put(save_, QStringLiteral("e1.rom")); // E8.ROM is nowhere
+    LstObj.SetEmuOpt88();
     ModuleState st;
     HideM88Modules(st, 0);
     EXPECT_EQ(st[0], 2); // diskdrv.m88 hidden; e1.rom not copied in
@@ -141,6 +149,20 @@ TEST_F(M88ModulesTest, DefOptChoosesTheBlock)
     RestoreM88Modules(st);
     HideM88Modules(st, 1);
     EXPECT_EQ(st[1], 0);
+    EXPECT_EQ(Listing(emu_), QStringList{"cdif.m88"});
+}
+
+TEST_F(M88ModulesTest, TheTitlesBlockIsFetchedFromTheCatalogueRecord)
+{
+    Put(emu_, QStringLiteral("cdif.m88"));
+    CurEmuOpt88 = EmuOpt88{};
+    CurEmuOpt88.M88_5Op[1] = 1; // the record wants cdif
+    LstObj.SetEmuOpt88();
+    CurEmuOpt88 = EmuOpt88{}; // a working copy that no longer matches the record
+    ModuleState st;
+    HideM88Modules(st, 0);
+    EXPECT_EQ(st[1], 0);
+    EXPECT_EQ(CurEmuOpt88.M88_5Op[1], 1);
     EXPECT_EQ(Listing(emu_), QStringList{"cdif.m88"});
 }
 

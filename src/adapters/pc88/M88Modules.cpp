@@ -1,6 +1,7 @@
 #include "adapters/pc88/M88Modules.h"
 
 #include "data/Cfg.h"
+#include "data/clsLst.h"
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 
@@ -49,6 +50,9 @@ const EmuOpt88& SelectEmuOpt88(uint8_t DefOpt)
 
 void HideM88Modules(ModuleState& out, uint8_t DefOpt)
 {
+    // The title's own block is fetched from the record the catalogue holds.
+    if (DefOpt != 1)
+        LstObj.GetEmuOpt88();
     HideM88Modules(out, SelectEmuOpt88(DefOpt));
 }
 
