@@ -166,6 +166,24 @@ TEST_F(M88ModulesTest, TheTitlesBlockIsFetchedFromTheCatalogueRecord)
     EXPECT_EQ(Listing(emu_), QStringList{"cdif.m88"});
 }
 
+TEST_F(M88ModulesTest, NamesAreFoundWhateverTheirCase)
+{
+    // The modules come from a case-blind file system: an unwanted module in capitals is hidden,
+    // a wanted one in other spellings counts as present.
+    Put(emu_, QStringLiteral("DISKDRV.M88"));
+    Put(emu_, QStringLiteral("js.M88"));
+    Put(save_, QStringLiteral("js.INI"));
+    CurEmuOpt88.M88_5Op[2] = 1;
+    LstObj.SetEmuOpt88();
+    ModuleState st;
+    HideM88Modules(st, 0);
+    EXPECT_EQ(st, (ModuleState{2, 0, 10, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(Listing(emu_), (QStringList{"JS.ini", "diskdrv._m88", "js.M88"}));
+    RestoreM88Modules(st);
+    EXPECT_EQ(Listing(emu_), (QStringList{"diskdrv.m88", "js.M88"}));
+    EXPECT_EQ(Listing(save_), QStringList{"js.INI"});
+}
+
 TEST_F(M88ModulesTest, RestoreOnlyActsOnWhatIsThere)
 {
     // A state from a launch whose files have gone meanwhile: nothing to do, no harm.

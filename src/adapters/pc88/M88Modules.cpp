@@ -28,9 +28,11 @@ QString In(const QString& dir, const char* name)
     return dir + QLatin1Char('/') + QString::fromLatin1(name);
 }
 
-bool Exists(const QString& path)
+// The file `name` in `dir` in its real spelling, or "" when there is none. The emulator and
+// its modules come from a case-blind file system, where "FM98.M88" is "FM98.m88" as well.
+QString Found(const QString& dir, const char* name)
 {
-    return !FindFile(path).isEmpty();
+    return FindFileNoCase(dir, QString::fromLatin1(name));
 }
 
 int Power10(int j)
@@ -70,7 +72,7 @@ void HideM88Modules(ModuleState& out, const EmuOpt88& block)
                 if (name == nullptr || *name == 0)
                     continue;
                 // A module that can't be made whole is hidden as a whole.
-                if (!Exists(In(dir, name)) && !Exists(In(saveDir, name))) {
+                if (Found(dir, name).isEmpty() && Found(saveDir, name).isEmpty()) {
                     wanted = false;
                     break;
                 }
@@ -80,15 +82,17 @@ void HideM88Modules(ModuleState& out, const EmuOpt88& block)
             const char* name = files[j].visible;
             if (name == nullptr || *name == 0)
                 continue;
+            const QString here = Found(dir, name);
             if (wanted) {
-                if (!Exists(In(dir, name)) && Exists(In(saveDir, name))) {
-                    ShellCopy(In(saveDir, name), In(dir, name), 0);
+                const QString saved = Found(saveDir, name);
+                if (here.isEmpty() && !saved.isEmpty()) {
+                    ShellCopy(saved, In(dir, name), 0);
                     out[k] = static_cast<uint8_t>(out[k] + 1 * Power10(j));
                 }
-            } else if (Exists(In(dir, name))) {
+            } else if (!here.isEmpty()) {
                 // Copy and delete rather than rename, as the file operations verify each step.
-                ShellCopy(In(dir, name), In(dir, files[j].hidden), 0);
-                ShellDelete(In(dir, name), 0);
+                ShellCopy(here, In(dir, files[j].hidden), 0);
+                ShellDelete(here, 0);
                 out[k] = static_cast<uint8_t>(out[k] + 2 * Power10(j));
             }
         }
@@ -105,11 +109,12 @@ void RestoreM88Modules(ModuleState& state)
             const int d = state[k] / p;
             const char* name = files[j].visible;
             if (name != nullptr && *name != 0) {
-                if (d == 1 && Exists(In(dir, name))) {
-                    ShellDelete(In(dir, name), 0);
-                } else if (d == 2 && Exists(In(dir, files[j].hidden))) {
-                    ShellCopy(In(dir, files[j].hidden), In(dir, name), 0);
-                    ShellDelete(In(dir, files[j].hidden), 0);
+                if (const QString here = Found(dir, name); d == 1 && !here.isEmpty()) {
+                    ShellDelete(here, 0);
+                } else if (const QString hidden = Found(dir, files[j].hidden);
+                           d == 2 && !hidden.isEmpty()) {
+                    ShellCopy(hidden, In(dir, name), 0);
+                    ShellDelete(hidden, 0);
                 }
             }
             state[k] = static_cast<uint8_t>(state[k] % p);
