@@ -6,9 +6,35 @@
 #include <QFile>
 #include <QSaveFile>
 
+#include <array>
+
 namespace tv {
 
 namespace {
+
+// The one-byte flags from offset 25 to 75, in file order.
+template <typename Rec> auto flagBytes(Rec& c)
+{
+    return std::array{
+        &c.P88srUse,      &c.M88Use,      &c.PC88WinUse,      &c.X88kUse,       &c.QUASI88Use,
+        &c.J80Use,        &c.Xm7DosUse,   &c.Xm7WinUse,       &c.Em7WinUse,     &c.X1rUse,
+        &c.XmilUse,       &c.XmilTUse,    &c.X1emuUse,        &c.WinX1Use,      &c.WinX1IkaUse,
+        &c.P88CfgChk,     &c.M88CfgChk,   &c.Pc8CfgChk,       &c.X88CfgChk,     &c.Q88CfgChk,
+        &c.J80CfgChk,     &c.Reserved46,  &c.Xm7WinCfgChk,    &c.Em7WinCfgChk,  &c.X1rCfgChk,
+        &c.XmilCfgChk,    &c.X1emuCfgChk, &c.WinX1CfgChk,     &c.M88AllScr,     &c.Pc8AllScr,
+        &c.X88AllScr,     &c.Q88AllScr,   &c.J80AllScr,       &c.Xm7WinAllScr,  &c.Em7WinAllScr,
+        &c.XmilAllScr,    &c.WinX1AllScr, &c.Q88CompatRomUse, &c.ScrAutoRead,   &c.ScrSearchRead,
+        &c.WinChangeFlag, &c.WinState,    &c.WinAppearance,   &c.LstSelectSave, &c.TxtIn,
+        &c.TxtInConv,     &c.ArcSerch,    &c.TaskIn,          &c.TaskRunForm,   &c.DefScrFlag,
+        &c.ColNonMakeFlag};
+}
+
+// The one-byte switches from offset 11204 to 11211, in file order.
+template <typename Rec> auto switchBytes(Rec& c)
+{
+    return std::array{&c.DefOpt,   &c.PanUse,  &c.PatUse,       &c.ViewScrCom,
+                      &c.ViewGrid, &c.SortKey, &c.DblClickProc, &c.ReArcCheck};
+}
 
 // One walk over the record in file order, shared by the writer and the reader so that the two
 // can never disagree on the layout.
@@ -16,18 +42,7 @@ template <typename Codec, typename Rec> void walk(Codec& io, Rec& c)
 {
     io.text(c.CfgVersion, 24);
     io.num(c.LastHardWare);
-    for (auto* f :
-         {&c.P88srUse,      &c.M88Use,      &c.PC88WinUse,      &c.X88kUse,       &c.QUASI88Use,
-          &c.J80Use,        &c.Xm7DosUse,   &c.Xm7WinUse,       &c.Em7WinUse,     &c.X1rUse,
-          &c.XmilUse,       &c.XmilTUse,    &c.X1emuUse,        &c.WinX1Use,      &c.WinX1IkaUse,
-          &c.P88CfgChk,     &c.M88CfgChk,   &c.Pc8CfgChk,       &c.X88CfgChk,     &c.Q88CfgChk,
-          &c.J80CfgChk,     &c.Reserved46,  &c.Xm7WinCfgChk,    &c.Em7WinCfgChk,  &c.X1rCfgChk,
-          &c.XmilCfgChk,    &c.X1emuCfgChk, &c.WinX1CfgChk,     &c.M88AllScr,     &c.Pc8AllScr,
-          &c.X88AllScr,     &c.Q88AllScr,   &c.J80AllScr,       &c.Xm7WinAllScr,  &c.Em7WinAllScr,
-          &c.XmilAllScr,    &c.WinX1AllScr, &c.Q88CompatRomUse, &c.ScrAutoRead,   &c.ScrSearchRead,
-          &c.WinChangeFlag, &c.WinState,    &c.WinAppearance,   &c.LstSelectSave, &c.TxtIn,
-          &c.TxtInConv,     &c.ArcSerch,    &c.TaskIn,          &c.TaskRunForm,   &c.DefScrFlag,
-          &c.ColNonMakeFlag})
+    for (auto* f : flagBytes(c))
         io.num(*f);
     io.num(c.Reserved76);
     for (auto* a : {&c.ImageDir, &c.SnapDir, &c.ManDir, &c.PatSaveDir})
@@ -51,8 +66,7 @@ template <typename Codec, typename Rec> void walk(Codec& io, Rec& c)
     for (auto* f : {&c.WinWidth, &c.WinHeight, &c.WinLeft, &c.WinTop})
         io.num(*f);
     io.num(c.LstSelectPos);
-    for (auto* f : {&c.DefOpt, &c.PanUse, &c.PatUse, &c.ViewScrCom, &c.ViewGrid, &c.SortKey,
-                    &c.DblClickProc, &c.ReArcCheck})
+    for (auto* f : switchBytes(c))
         io.num(*f);
     for (auto& row : c.FilterOrder)
         io.num(row);
@@ -125,19 +139,9 @@ void SetDefaultCfg(CfgRecord& c)
     ClearCfg(c);
     c.CfgVersion = kCfgVersionText;
     c.LastHardWare = 0;
-    for (auto* f :
-         {&c.P88srUse,       &c.M88Use,      &c.PC88WinUse,      &c.X88kUse,       &c.QUASI88Use,
-          &c.J80Use,         &c.Xm7DosUse,   &c.Xm7WinUse,       &c.Em7WinUse,     &c.X1rUse,
-          &c.XmilUse,        &c.XmilTUse,    &c.X1emuUse,        &c.WinX1Use,      &c.WinX1IkaUse,
-          &c.P88CfgChk,      &c.M88CfgChk,   &c.Pc8CfgChk,       &c.X88CfgChk,     &c.Q88CfgChk,
-          &c.J80CfgChk,      &c.Reserved46,  &c.Xm7WinCfgChk,    &c.Em7WinCfgChk,  &c.X1rCfgChk,
-          &c.XmilCfgChk,     &c.X1emuCfgChk, &c.WinX1CfgChk,     &c.M88AllScr,     &c.Pc8AllScr,
-          &c.X88AllScr,      &c.Q88AllScr,   &c.J80AllScr,       &c.Xm7WinAllScr,  &c.Em7WinAllScr,
-          &c.XmilAllScr,     &c.WinX1AllScr, &c.Q88CompatRomUse, &c.ScrAutoRead,   &c.ScrSearchRead,
-          &c.WinChangeFlag,  &c.WinState,    &c.WinAppearance,   &c.LstSelectSave, &c.TxtIn,
-          &c.TxtInConv,      &c.ArcSerch,    &c.TaskIn,          &c.TaskRunForm,   &c.DefScrFlag,
-          &c.ColNonMakeFlag, &c.DefOpt,      &c.PanUse,          &c.PatUse,        &c.ViewScrCom,
-          &c.ViewGrid,       &c.SortKey,     &c.DblClickProc,    &c.ReArcCheck})
+    for (auto* f : flagBytes(c))
+        *f = 0;
+    for (auto* f : switchBytes(c))
         *f = 0;
     c.Reserved76 = {0, 0};
     c.FreeColName1 = QStringLiteral("Free Col1");

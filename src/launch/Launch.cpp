@@ -474,6 +474,7 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     // 10. Split for X1 (before the branch that takes its pieces).
     bool SplitDone = false;
     QStringList DiskList;
+    QString splitPath; // the file that was split, under its name on disk
     QString First = Image;
     QString SecondOfBranch = Second;
     if ((EmuCode == 21 || EmuCode == 22 || EmuCode == 23) && Second.isEmpty() &&
@@ -485,6 +486,7 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
                 return false;
             }
             SplitDone = true;
+            splitPath = startPath;
             First = QFileInfo(DiskList.value(0)).fileName();
             SecondOfBranch = QFileInfo(DiskList.value(1)).fileName();
         }
@@ -589,9 +591,10 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     t.restart();
 
     // 16.
+    // The pieces go back into the file that was split: the record's StartFile may differ
+    // from the name on disk in case, and stage 3 looks for the name that stage 1 recorded.
     if ((EmuCode == 21 || EmuCode == 22 || EmuCode == 23) && SplitDone) {
-        const QString target = WorkDir + u'/' + Trimmed(StartFile);
-        if (!D88Join(target, DiskList)) {
+        if (!D88Join(splitPath, DiskList)) {
             lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
             MsgBox(kJoinErrorText, MbCritical, kEmuRunErrorCaption);
             return false;

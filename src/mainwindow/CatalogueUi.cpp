@@ -738,14 +738,7 @@ void CatalogueUi::ShowItemDetail()
             setEmuEnabled(code, true);
 
     // Save states of this title only: the labels of the previous title go first.
-    for (int i = 0; i < 10; ++i) {
-        setLabelColour(lblP88SaveData_[size_t(i)], kBlack);
-        lblP88SaveData_[size_t(i)]->setEnabled(false);
-        setLabelColour(lblM88SaveData_[size_t(i)], kBlack);
-        lblM88SaveData_[size_t(i)]->setEnabled(false);
-    }
-    setLabelColour(lblP88Save_, kBlack);
-    setLabelColour(lblM88Save_, kBlack);
+    resetSaveLabels();
     lblP88Save_->setVisible(false);
     lblM88Save_->setVisible(false);
     if (fam == 0) {
@@ -815,6 +808,12 @@ void CatalogueUi::ClearItemDetail()
             setEmuEnabled(code, EmuInUse(code));
     }
     setStatus(kNothingSelectedText);
+    resetSaveLabels();
+}
+
+// Every save-state slot back to "no state", both rows.
+void CatalogueUi::resetSaveLabels()
+{
     for (int i = 0; i < 10; ++i) {
         setLabelColour(lblP88SaveData_[size_t(i)], kBlack);
         lblP88SaveData_[size_t(i)]->setEnabled(false);

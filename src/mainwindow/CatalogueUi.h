@@ -118,6 +118,7 @@ signals:
     void manFileRequested(int family);
 
 private:
+    void resetSaveLabels();
     void buildFooters();
     void buildSaveLabels();
     void buildPopup();

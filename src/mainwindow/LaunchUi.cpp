@@ -32,12 +32,16 @@ LaunchUi::LaunchUi(CatalogueUi* catalogue, QMainWindow* window, QTableView* lstD
     };
     frmMainHooks.setEnabled = [this](bool on) { window_->setEnabled(on); };
     frmMainHooks.minimise = [this] {
-        beforeMinimise_ = window_->windowState() & ~Qt::WindowMinimized;
+        // A window on screen holds the state it is to come back to (as Form_Resize keeps it);
+        // one that waits minimised or in the tray keeps the state it had before that.
+        if (window_->isVisible() && !window_->isMinimized())
+            TrayWindowState = window_->isMaximized() ? 2 : 0;
         window_->setWindowState(window_->windowState() | Qt::WindowMinimized);
     };
     frmMainHooks.restore = [this] {
-        // The minimise may have hidden the window into the tray.
-        window_->setWindowState(beforeMinimise_);
+        // Back to the state before the window was last minimised; the minimise may have
+        // hidden it into the tray.
+        window_->setWindowState(TrayWindowState == 2 ? Qt::WindowMaximized : Qt::WindowNoState);
         window_->show();
         QApplication::processEvents();
         window_->raise();

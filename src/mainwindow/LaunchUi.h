@@ -41,7 +41,6 @@ private:
     CatalogueUi* catalogue_;
     QMainWindow* window_;
     QTableView* lstD88_;
-    Qt::WindowStates beforeMinimise_ = Qt::WindowNoState;
     bool gating_ = false;
 };
 

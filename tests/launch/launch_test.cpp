@@ -132,6 +132,32 @@ TEST_F(Launch, ZipTwoDiskD88SplitForXmillennium)
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
+// The catalogue names the start file in another case than the archive's member: the pieces
+// are joined back into the file that was split, so stage 3 finds the member changed and no
+// stray file of a second name.
+TEST_F(Launch, SplitTitleIsJoinedUnderTheNameThatWasSplit)
+{
+    Cfg.XmilCfgChk = 1;
+    const QString dir = Emu(22, {{"change", "GAME#02_DISK_B.D88"}});
+    WriteFile(dir + "/Xmillennium.ini", "[Xmillennium]\r\n");
+    const QByteArray d1 = Disk("DISK A", 2000, 'a'), d2 = Disk("DISK B", 3000, 'b');
+    const QString arc = Archive("GAME.ZIP", {{"GAME.D88", d1 + d2}});
+    Item(2, arc, "game.d88", 1, 1);
+
+    ScriptedMsgBox box;
+    RunSelectedItem(22);
+
+    EXPECT_TRUE(box.calls().empty());
+    ASSERT_EQ(Runs().size(), 1u);
+    const auto members = Members(arc);
+    EXPECT_EQ(members.keys(), QStringList{"GAME.D88"});
+    const QByteArray joined = members.value("GAME.D88");
+    ASSERT_EQ(joined.size(), d1.size() + d2.size());
+    EXPECT_EQ(joined.mid(2000 + 32, 16), kChanged);
+    EXPECT_TRUE(QDir(r_ + "/snap").entryList(QDir::Files).isEmpty());
+    EXPECT_TRUE(WorkFiles().isEmpty());
+}
+
 // WinX1 with a CAB: flag 2 asks, and on yes the archive is re-packed; a screen dump goes to
 // SnapDir and not into the archive.
 TEST_F(Launch, CabOnWinX1AskedAndDumpToSnapDir)
@@ -233,6 +259,30 @@ TEST_F(Launch, TwoDiskD88WithSecondFileIsNotSplit)
     ASSERT_EQ(Runs().size(), 1u);
     EXPECT_EQ(Clips(), (QStringList{"A.D88", "B.D88"}));
     EXPECT_TRUE(Runs()[0].files.contains("A.D88"));
+}
+
+// A D88 of one disk, and one with bytes behind its last disk, count as no multi-disk file:
+// each goes to the emulator whole, under its own name, and comes back unchanged in size.
+TEST_F(Launch, OneDiskOrMalformedD88IsNotSplit)
+{
+    Cfg.XmilCfgChk = 1;
+    Emu(22);
+    const QByteArray one = Disk("ONE", 800, 'o');
+    const QByteArray tail = Disk("A", 500, 'a') + Disk("B", 500, 'b') + QByteArray(7, 'x');
+    for (const auto& [name, bytes] : {std::pair<QString, QByteArray>{"ONE.D88", one},
+                                      std::pair<QString, QByteArray>{"TAIL.D88", tail}}) {
+        const QString image = r_ + "/images/" + name;
+        WriteFile(image, bytes);
+        Item(2, image, name);
+        ScriptedMsgBox box;
+        RunSelectedItem(22);
+        EXPECT_TRUE(box.calls().empty()) << name.toStdString();
+        EXPECT_EQ(Clips().value(Clips().size() - 1), name);
+        EXPECT_EQ(Runs().back().files, QStringList{name}) << name.toStdString();
+        EXPECT_EQ(ReadFile(image), bytes);
+        EXPECT_TRUE(WorkFiles().isEmpty());
+    }
+    EXPECT_EQ(Runs().size(), 2u);
 }
 
 TEST_F(Launch, NothingSelectedStartsTheBareEmulator)

@@ -82,6 +82,7 @@ private slots:
         NoImagePicture.fill(Qt::gray);
         writeCatalogue();
         HardWare = 2;
+        TrayWindowState = 0;
         QVERIFY(LstObj.InitLst(2));
         win = new QMainWindow;
         w = CatalogueUi::BuildStandalone(win);
@@ -169,6 +170,33 @@ private slots:
         QVERIFY(win->isVisible());
         QCOMPARE(ui->statusPanel1()->text(), ItemStatusText(LstObj));
         QVERIFY(QDir(WorkDir).entryList(QDir::Files).isEmpty());
+    }
+
+    // A launch from the menu while the window waits minimised in the tray: the window comes
+    // back in the state it had before it was last minimised, here maximised.
+    void windowComesBackInTheStateBeforeItWasMinimised()
+    {
+        Cfg.XmilCfgChk = 1;
+        QVERIFY(!tvtest::InstallTestEmu(r + "/emu", "Xmillennium.exe").isEmpty());
+        QVERIFY(tvtest::WriteTestEmuConfig(r + "/emu",
+                                           {{"log", r + "/emu.log"}, {"exitafter", "100"}}));
+        QFile img(r + "/images/GAME.D88");
+        QVERIFY(img.open(QIODevice::WriteOnly));
+        img.write(QByteArray(1024, 'g'));
+        img.close();
+        select(0);
+        TrayWindowState = 2; // maximised when it was last on screen
+        win->setWindowState(Qt::WindowMinimized);
+        win->hide();
+
+        tvtest::ScriptedMsgBox box;
+        launch->cmdEmuRun_Click(22);
+
+        QCOMPARE(int(tvtest::ReadTestEmuLog(r + "/emu.log").size()), 1);
+        QVERIFY(win->isVisible());
+        QVERIFY(!(win->windowState() & Qt::WindowMinimized));
+        QVERIFY(win->windowState() & Qt::WindowMaximized);
+        QCOMPARE(int(TrayWindowState), 2);
     }
 
     void enterDoesNothingWhenTheDefaultButtonIsClosed()
