@@ -438,6 +438,28 @@ private slots:
         QVERIFY(CurEmuOpt88 == Marked());
     }
 
+    void enterAndEscapeInANumberBoxAreOkAndCancel()
+    {
+        frmM88Op ok(0, nullptr);
+        ok.show();
+        auto* t = c<QLineEdit>(ok, "txtM88_1Op", 1);
+        t->setFocus();
+        t->setText("8");
+        QTest::keyClick(t, Qt::Key_Return);
+        QCOMPARE(ok.result(), int(QDialog::Accepted));
+        QCOMPARE(int(Cfg.CfgEmuOpt88.M88_1Op[1]), 8);
+
+        frmM88Op cancel(0, nullptr);
+        cancel.show();
+        t = c<QLineEdit>(cancel, "txtM88_1Op", 1);
+        t->setFocus();
+        t->setText("2");
+        QTest::keyClick(t, Qt::Key_Escape);
+        QCOMPARE(cancel.result(), int(QDialog::Rejected));
+        QVERIFY(!cancel.isVisible());
+        QCOMPARE(int(Cfg.CfgEmuOpt88.M88_1Op[1]), 8);
+    }
+
     void okStoresAndCloses()
     {
         frmM88Op d(1, nullptr);

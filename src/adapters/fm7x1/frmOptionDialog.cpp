@@ -479,6 +479,8 @@ bool OptionDialog::FilterNumberKey(QLineEdit* box, QKeyEvent* key)
         return false; // focus movement, not typing
     if (key->key() == Qt::Key_Delete)
         return false; // an editing key that types no character, though it may carry DEL
+    if (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter || key->key() == Qt::Key_Escape)
+        return false; // the dialog's OK and Cancel, as from any other control
     if (ch < QLatin1Char('0') || ch > QLatin1Char('9'))
         return true;
     // The digit is judged as if appended, wherever the insertion point stands.
