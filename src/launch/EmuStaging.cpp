@@ -51,7 +51,8 @@ void BackupEmuConfig(int16_t EmuCode, bool Restore, uint8_t TuneUse)
     const EmuConfigFiles f = GetEmuConfigFiles(EmuCode, TuneUse);
     if (!f.has())
         return;
-    const QString config = Join(f.dir, f.config), backup = Join(f.dir, f.backup);
+    // The emulators come from a case-blind platform: "m88.ini" is their M88.INI as well.
+    const QString config = ResolveFileNoCase(f.dir, f.config), backup = Join(f.dir, f.backup);
     if (!Restore) {
         // A backup still standing is the remainder of a launch that failed midway.
         if (Exists(backup))
@@ -64,9 +65,8 @@ void BackupEmuConfig(int16_t EmuCode, bool Restore, uint8_t TuneUse)
     // Without a backup the emulator had no configuration: it keeps what the launch wrote.
     if (!Exists(backup))
         return;
-    if (Exists(config))
-        ShellDelete(config, 0);
-    ShellMove(backup, config, 0);
+    DeleteFileAnyCase(f.dir, f.config);
+    ShellMove(backup, Join(f.dir, f.config), 0);
 }
 
 void StageXm7Rom(uint8_t HardWare, int16_t EmuCode)

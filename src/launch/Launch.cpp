@@ -56,8 +56,9 @@ bool IsFamilyCode(uint8_t HardWare, int EmuCode)
 // Creates `path` anew with the whole text and one line end behind it, in Shift-JIS.
 bool WriteConfText(const QString& path, const QString& text)
 {
-    if (QFileInfo::exists(path))
-        ShellDelete(path, 0);
+    // The user's file may be spelt "m88.ini": no second spelling may stay beside ours.
+    const QFileInfo fi(path);
+    DeleteFileAnyCase(fi.path(), fi.fileName());
     QFile f(path);
     if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return false;
@@ -500,7 +501,7 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     b.cmd = LaunchCommand(exe);
     switch (EmuCode) {
     case 2: {
-        const QString ini = Dir + QStringLiteral("/M88.INI");
+        const QString ini = ResolveFileNoCase(Dir, QStringLiteral("M88.INI"));
         if (Cfg.M88CfgChk != 1) {
             b.altFlag = WriteGeneratedM88Ini(ChosenOpt88(DefOpt));
         } else {
@@ -547,7 +548,7 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
         b.cmd.arg(EmuPath(exe, Image));
         break;
     case 22: {
-        const QString ini = Dir + QStringLiteral("/Xmillennium.ini");
+        const QString ini = ResolveFileNoCase(Dir, QStringLiteral("Xmillennium.ini"));
         if (Cfg.XmilCfgChk == 1) {
             SetIniValue(QStringLiteral("Xmillennium"), QStringLiteral("StartDir"), QString(), ini);
             SetIniValue(QStringLiteral("Xmillennium"), QStringLiteral("bmap_Dir"),
@@ -561,7 +562,7 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     }
     case 24: {
         const QString stem = QFileInfo(EmuExeName(24)).completeBaseName();
-        const QString ini = Dir + u'/' + stem + QStringLiteral(".ini");
+        const QString ini = ResolveFileNoCase(Dir, stem + QStringLiteral(".ini"));
         if (Cfg.WinX1CfgChk == 1)
             SetIniValue(QStringLiteral("WinX1"), QStringLiteral("StartDir"), EmuPath(exe, WorkDir),
                         ini);

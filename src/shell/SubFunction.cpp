@@ -483,6 +483,16 @@ QString ResolveFileNoCase(const QString& dir, const QString& name)
     return found.isEmpty() ? dir + u'/' + name : found;
 }
 
+void DeleteFileAnyCase(const QString& dir, const QString& name)
+{
+    if (name.isEmpty() || dir.isEmpty())
+        return;
+    const QStringList all = QDir(dir).entryList(QDir::Files | QDir::Hidden | QDir::System);
+    for (const QString& f : all)
+        if (f.compare(name, Qt::CaseInsensitive) == 0)
+            ShellDelete(dir + u'/' + f, 0);
+}
+
 bool IsSafeDir(const QString& path, uint8_t kind, uint8_t network)
 {
     const QString t = VbTrim(path);

@@ -47,6 +47,10 @@ QString FindFileNoCase(const QString& dir, const QString& name);
 // tested, so that a missing file is still reported under the name the user knows.
 QString ResolveFileNoCase(const QString& dir, const QString& name);
 
+// Deletes every file of `dir` whose name is `name` in any case (through ShellDelete): an
+// emulator from a case-blind platform must not find a second spelling of its file.
+void DeleteFileAnyCase(const QString& dir, const QString& name);
+
 // The path guard. kind: 0 no existence test, 1 file or directory, 2 file only, 3 directory
 // only; network 1 allows paths that begin with "\\" (or "//"). The path is refused when its
 // upper-cased text contains the upper-cased EnvTmpDir, SystemDir, WindowsDir or EnvTempDir

@@ -339,3 +339,28 @@ TEST_F(LaunchM88, ProgramWithALowerCaseNameStarts)
     EXPECT_EQ(run.shown.value(dir_ + "/M88.INI"), GeneratedIni(Cfg.CfgEmuOpt88));
 }
 } // namespace
+
+namespace {
+// A user's INI spelt "m88.ini" is the emulator's INI as well: during the run only the generated
+// one stands in M88's directory, and afterwards the user's bytes are back, under the one name.
+TEST_F(LaunchM88, UsersIniInAnotherCaseIsSetAsideAndBack)
+{
+    Cfg.DefOpt = 1;
+    M88();
+    const QByteArray user = "[M88p2 for Windows]\r\nFlags=1\r\nMine=yes\r\n";
+    ASSERT_TRUE(WriteFile(dir_ + "/m88.ini", user));
+    Title("GAME.D88");
+
+    const TestEmuRun run = Launch();
+
+    EXPECT_EQ(run.shown.value(dir_ + "/M88.INI"), GeneratedIni(Cfg.CfgEmuOpt88));
+    int inis = 0;
+    for (const QString& f : run.listed.value(dir_))
+        inis += f.compare("M88.INI", Qt::CaseInsensitive) == 0;
+    EXPECT_EQ(inis, 1);
+    // Name filters match without regard to case.
+    const QStringList after = QDir(dir_).entryList({"M88.INI", "M88.ORG"}, QDir::Files);
+    EXPECT_EQ(after, QStringList{"M88.INI"});
+    EXPECT_EQ(ReadFile(dir_ + "/M88.INI"), user);
+}
+} // namespace

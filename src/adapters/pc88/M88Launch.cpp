@@ -38,8 +38,8 @@ std::optional<double> ProfileNumber(const QString& text)
 uint8_t WriteGeneratedM88Ini(const EmuOpt88& block)
 {
     const QString path = M88Dir() + QLatin1Char('/') + kM88IniName;
-    if (!FindFile(path).isEmpty())
-        ShellDelete(path, 0);
+    // The user's file may be spelt "m88.ini": no second spelling may stay beside ours.
+    DeleteFileAnyCase(M88Dir(), kM88IniName);
     WriteM88Ini(path, MakeM88Ini(block));
     return block.M88_1Op[23];
 }
