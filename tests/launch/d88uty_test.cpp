@@ -370,3 +370,24 @@ TEST(ReplaceText, WholeZeroKeepsAnOccurrenceThatAlreadyIsRepl)
     // With Whole all ones the same text is replaced throughout.
     EXPECT_EQ(ReplaceText("a..b", ".", "..", -1), "a....b");
 }
+
+namespace {
+// The count takes disk sizes from 1 up, but a disk shorter than its own 32-byte header can't be
+// cut out: the split refuses the file, leaves no piece and keeps the file whole.
+TEST_F(D88Uty, DiskShorterThanItsHeaderIsCountedButNotSplit)
+{
+    const QByteArray bytes = QByteArray::fromBase64(
+        "QQAAAAAA//////////8AAAAAAAAAAAAAAAAAAAgAAAAAAAAgMQAAAAAAIAAAAAAAAAAAAA"
+        "AAAEFB");
+    ASSERT_EQ(bytes.size(), 57);
+    const QString p = Write("SHORT.D88", bytes);
+    EXPECT_EQ(D88DiskCount(p), 2);
+    QStringList pieces;
+    EXPECT_FALSE(D88Split(p, dir_, pieces, 0));
+    EXPECT_TRUE(pieces.isEmpty());
+    EXPECT_EQ(Files(), QStringList{"SHORT.D88"});
+    QFile f(p);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), bytes);
+}
+} // namespace
