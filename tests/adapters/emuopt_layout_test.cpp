@@ -7,6 +7,8 @@
 #include "data/ByteCodec.h"
 #include "shell/Sjis.h"
 
+#include "support/RawBytes.h"
+
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -15,25 +17,11 @@ using namespace tv;
 
 namespace {
 
-uint8_t u8at(const QByteArray& b, int off)
-{
-    return static_cast<uint8_t>(b[off]);
-}
-int16_t i16at(const QByteArray& b, int off)
-{
-    return static_cast<int16_t>(u8at(b, off) | (u8at(b, off + 1) << 8));
-}
-int32_t i32at(const QByteArray& b, int off)
-{
-    uint32_t u = 0;
-    for (int i = 3; i >= 0; --i)
-        u = (u << 8) | u8at(b, off + i);
-    return static_cast<int32_t>(u);
-}
-float f32at(const QByteArray& b, int off)
-{
-    return std::bit_cast<float>(static_cast<uint32_t>(i32at(b, off)));
-}
+using tvtest::f32at;
+using tvtest::i16at;
+using tvtest::i32at;
+using tvtest::u8at;
+
 void put8(QByteArray& b, int off, int v)
 {
     b[off] = static_cast<char>(v & 0xFF);
