@@ -2,6 +2,7 @@
 // breaks, cut by line count, cut by bytes) on many generated texts.
 #include "shell/Sjis.h"
 #include "shell/SubFunction.h"
+#include "support/FitTextReference.h"
 
 #include <QRandomGenerator>
 #include <QStringList>
@@ -11,48 +12,8 @@ using namespace tv;
 
 namespace {
 
-// The platform's conversion turns half a double-byte character at the end into one character
-// of its own; the decoder here drops it, so it is put back as a replacement character.
-QString DecodeCut(const QByteArray& bytes)
-{
-    QString s = FromSjis(bytes);
-    if (ToSjis(s).size() < bytes.size())
-        s += QChar(QChar::ReplacementCharacter);
-    return s;
-}
-
-QString LiteralFitText(const QString& text, int width, int count, int limit)
-{
-    if (text.isEmpty())
-        return text;
-    const QString crlf = QStringLiteral("\r\n");
-    QString s = text;
-    qsizetype pos = 0;
-    for (int n = 1;; ++n) {
-        qsizetype p = s.indexOf(crlf, pos);
-        const QString line = p < 0 ? s.mid(pos) : s.mid(pos, p - pos);
-        if (ToSjis(line).size() > width) {
-            QString part = DecodeCut(ToSjis(line).left(width + 1));
-            part.chop(1);
-            s = s.left(pos) + part + crlf + s.mid(pos + part.size());
-            p = pos + part.size();
-        }
-        if (n > count) {
-            s = pos >= 2 ? s.left(pos - 2) : QString();
-            break;
-        }
-        if (p < 0)
-            break;
-        pos = p + 2;
-    }
-    if (ToSjis(s).size() > limit) {
-        s = DecodeCut(ToSjis(s).left(limit + 1));
-        s.chop(1);
-        if (s.endsWith(QLatin1Char('\r')))
-            s.chop(1);
-    }
-    return s;
-}
+using tvtest::DecodeCut;
+using tvtest::LiteralFitText;
 
 QString Shown(const QString& t)
 {
