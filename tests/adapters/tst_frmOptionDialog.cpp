@@ -1,7 +1,7 @@
 // The option dialog frame on its own, with a small block: the kinds that the M88 dialog
 // doesn't use (item-data and one-character combo boxes, two-digit leading values, a dialog
 // without tabs, check boxes that govern value boxes) and the target choice by TitleFlag.
-#include "adapters/fm7x1/frmOptionDialog.h"
+#include "adapters/common/frmOptionDialog.h"
 
 #include <QCheckBox>
 #include <QComboBox>

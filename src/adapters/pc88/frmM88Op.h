@@ -1,7 +1,7 @@
 #pragma once
 // The option dialog of M88 ("M88設定"): edits the M88 members of the PC-88 option block, the
 // defaults of the configuration (TitleFlag 0) or the current title's working copy (otherwise).
-#include "adapters/fm7x1/frmOptionDialog.h"
+#include "adapters/common/frmOptionDialog.h"
 #include "adapters/pc88/EmuOpt88.h"
 
 namespace tv {

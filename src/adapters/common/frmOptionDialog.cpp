@@ -1,4 +1,4 @@
-#include "adapters/fm7x1/frmOptionDialog.h"
+#include "adapters/common/frmOptionDialog.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
