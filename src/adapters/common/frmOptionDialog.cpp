@@ -18,6 +18,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tv {
@@ -213,7 +214,9 @@ void OptionDialog::FormLoad()
                 b->setChecked(false);
         g->setExclusive(true);
     }
-    AfterLoad();
+    for (auto& rule : rules_)
+        rule();
+    loaded_ = true;
     InstallKeyPreview();
 }
 
@@ -457,14 +460,159 @@ void OptionDialog::SetValueEnabled(QWidget* w, bool on)
     }
 }
 
+void OptionDialog::Rule(const QList<QWidget*>& sources, std::function<void()> apply)
+{
+    rules_.push_back(apply);
+    auto run = [this, apply] {
+        if (loaded_)
+            apply();
+    };
+    for (QWidget* w : sources) {
+        if (auto* b = qobject_cast<QAbstractButton*>(w))
+            connect(b, &QAbstractButton::toggled, this, run);
+        else if (auto* t = qobject_cast<QLineEdit*>(w))
+            connect(t, &QLineEdit::textChanged, this, run);
+        else if (auto* c = qobject_cast<QComboBox*>(w))
+            connect(c, &QComboBox::currentIndexChanged, this, run);
+        else if (auto* s = qobject_cast<QAbstractSlider*>(w))
+            connect(s, &QAbstractSlider::valueChanged, this, run);
+        else
+            qFatal("Rule: %s has no change to follow", qPrintable(w->objectName()));
+    }
+}
+
 void OptionDialog::Governs(QAbstractButton* check, const QList<QWidget*>& boxes)
 {
-    auto apply = [boxes](bool on) {
+    Rule({check}, [check, boxes] {
         for (QWidget* w : boxes)
-            SetValueEnabled(w, on);
+            SetValueEnabled(w, check->isChecked());
+    });
+}
+
+void OptionDialog::Clears(QAbstractButton* check, const QList<QAbstractButton*>& others)
+{
+    connect(check, &QAbstractButton::toggled, this, [others](bool on) {
+        if (!on)
+            return;
+        for (QAbstractButton* b : others)
+            b->setChecked(false);
+    });
+}
+
+QHBoxLayout* OptionDialog::BoxRow(QLineEdit* box, QWidget* upDown, int width)
+{
+    auto* row = new QHBoxLayout;
+    row->setSpacing(1);
+    box->setFixedWidth(width);
+    row->addWidget(box);
+    if (upDown)
+        row->addWidget(upDown);
+    return row;
+}
+
+QGridLayout* OptionDialog::Lines(const std::vector<Row>& rows, int perLine, int reserve,
+                                 int captionWidth)
+{
+    auto* grid = new QGridLayout;
+    auto has = [&rows](std::initializer_list<RowKind> kinds) {
+        return std::any_of(rows.begin(), rows.end(), [kinds](const Row& r) {
+            return std::find(kinds.begin(), kinds.end(), r.kind) != kinds.end();
+        });
     };
-    connect(check, &QAbstractButton::toggled, this, apply);
-    apply(check->isChecked());
+    const bool sliders = has({RowKind::Slider});
+    const bool fields = sliders || has({RowKind::Number, RowKind::Lead});
+    // Sliders take the room of the line, fields leave it behind their unit. Of a flow, one
+    // column takes the whole width, one line keeps its controls together at the left, and
+    // several lines share the width among their columns.
+    const auto placed = std::count_if(rows.begin(), rows.end(),
+                                      [](const Row& r) { return r.kind != RowKind::Group; });
+    const int stretch = sliders             ? 1
+                        : fields            ? 3
+                        : perLine == 1      ? 0
+                        : placed <= perLine ? perLine
+                                            : -1;
+    int line = 0;
+    int column = 0;
+    auto endLine = [&] {
+        if (column > 0) {
+            ++line;
+            column = 0;
+        }
+    };
+    auto place = [&](QWidget* w) {
+        if (fields) {
+            grid->addWidget(w, line++, 0, 1, stretch == 3 ? 4 : 3);
+            return;
+        }
+        grid->addWidget(w, line, column);
+        if (++column == perLine)
+            endLine();
+    };
+    auto caption = [&](const Row& r) {
+        QLabel* l = Caption(QString::fromUtf8(r.caption),
+                            r.captionName ? QString::fromUtf8(r.captionName) : QString());
+        if (captionWidth > 0)
+            l->setMinimumWidth(captionWidth);
+        endLine();
+        grid->addWidget(l, line, 0);
+    };
+    OptGroup* group = nullptr;
+    for (const Row& r : rows) {
+        const QString name = QString::fromUtf8(r.name);
+        const QString text = QString::fromUtf8(r.caption);
+        switch (r.kind) {
+        case RowKind::Check:
+            place(Check(name, r.index, text, r.elem));
+            break;
+        case RowKind::CheckNot:
+            place(Check(name, r.index, text, r.elem, true));
+            break;
+        case RowKind::CheckSet:
+            place(Check(name, r.index, text, r.elem, false, r.fallback));
+            break;
+        case RowKind::Group:
+            group = &Group(r.elem, r.fallback);
+            break;
+        case RowKind::Option:
+            place(group->Add(name, r.index, text));
+            break;
+        case RowKind::Number: {
+            QLineEdit* box = Number(name, r.index, r.elem, r.limit, r.fallback, r.scale);
+            UpDown* ud = AddUpDown(box, QStringLiteral("udn") + name.mid(3), r.index, r.minimum,
+                                   static_cast<int>(r.limit), r.step);
+            caption(r);
+            grid->addLayout(BoxRow(box, ud, r.width), line, 1);
+            if (r.unit)
+                grid->addWidget(Caption(QString::fromUtf8(r.unit)), line, 2);
+            ++line;
+            break;
+        }
+        case RowKind::Slider: {
+            QSlider* s =
+                Slider(name, r.index, r.elem, r.minimum, static_cast<int>(r.limit), r.step);
+            caption(r);
+            grid->addWidget(s, line, 1);
+            grid->addWidget(
+                r.valueName ? ValueLabel(s, QString::fromUtf8(r.valueName), -1, r.format)
+                            : ValueLabel(s, QStringLiteral("lbl") + name.mid(3), r.index, r.format),
+                line, 2);
+            ++line;
+            break;
+        }
+        case RowKind::Lead:
+            caption(r);
+            grid->addWidget(ComboLead(name, r.index, r.items, r.elem, r.fallback), line, 1, 1, 2);
+            ++line;
+            break;
+        }
+    }
+    endLine();
+    // A flow that shares the width shares the height as well; the others keep to the top.
+    if (stretch >= 0) {
+        grid->setColumnStretch(stretch, 1);
+        grid->setRowStretch(line + reserve, 1);
+    }
+    return grid;
 }
 
 bool OptionDialog::FilterNumberKey(QLineEdit* box, QKeyEvent* key)

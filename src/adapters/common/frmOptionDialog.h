@@ -3,14 +3,13 @@
 // block, the choice of target by TitleFlag (0 the configuration's defaults, else the current
 // title's working copy), load and StoreOp, the buttons cmdOK / cmdCancel / cmdApply, the tab
 // strip tbsOptions over the pages fraOp(i) with Ctrl+Tab, the key filter of number boxes, the
-// three kinds of combo box, the value labels of sliders and the check boxes that enable value
-// boxes.
+// three kinds of combo box, the value labels of sliders, and enabling rules stated once.
 //
-// A dialog is built as a table: each factory below creates one named control and records how
-// it maps to an element of the block (kind, limit, fallback, inversion, forced value). Load
-// sets every control from the private copy; StoreOp walks the bindings in the order in which
-// they were made and then copies the whole private copy over the target, so elements that a
-// dialog doesn't own pass through unchanged.
+// A dialog is built as tables of rows (Lines) or with the factories below: each creates one
+// named control and records how it maps to an element of the block (kind, limit, fallback,
+// inversion, forced value). Load sets every control from the private copy; StoreOp walks the
+// bindings in the order in which they were made and then copies the whole private copy over the
+// target, so elements that a dialog doesn't own pass through unchanged.
 #include <QDialog>
 #include <QList>
 #include <QMap>
@@ -26,6 +25,8 @@ class QButtonGroup;
 class QCheckBox;
 class QComboBox;
 class QFrame;
+class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -136,9 +137,6 @@ protected:
     // Copy of the target block into the private copy, and back.
     virtual void CopyIn() = 0;
     virtual void CopyOut() = 0;
-    // Runs after every control was set by Form_Load: interlocks whose state depends on
-    // controls that loading didn't toggle.
-    virtual void AfterLoad() {}
 
     // Form_Load: the private copy from the target, the first page shown, every control set.
     void FormLoad();
@@ -198,8 +196,58 @@ protected:
     QLabel* Caption(const QString& text, const QString& name = QString());
     QPushButton* Button(const QString& name, int index, const QString& caption);
 
+    // An enabling rule, stated once: `apply` sets enabled states from the state of `sources`.
+    // The frame runs it after load and on every change of any source from then on; changes
+    // that load itself makes don't run it one by one.
+    void Rule(const QList<QWidget*>& sources, std::function<void()> apply);
     // Keeps `boxes` enabled (white) while `check` is on, disabled (window colour) while off.
     void Governs(QAbstractButton* check, const QList<QWidget*>& boxes);
+    // Switches that exclude one another: checking `check` clears each of `others`, whenever
+    // it happens, load included, as a click would.
+    void Clears(QAbstractButton* check, const QList<QAbstractButton*>& others);
+
+    // A number box with its up-down in one row, the box `width` wide.
+    static QHBoxLayout* BoxRow(QLineEdit* box, QWidget* upDown, int width = 64);
+
+public:
+    // --- Pages as tables ---
+    // What one line of a page table makes. A Group line starts an option group (its element
+    // and fallback) that the Option lines behind it fill.
+    enum class RowKind {
+        Check,    // check box: the element is 1 when it is on
+        CheckNot, // check box stored inverted: on stores 0
+        CheckSet, // check box whose element is always stored as `fallback`
+        Group,    // no control: the element and fallback of the Option lines that follow
+        Option,   // radio button of the current group, standing for its index
+        Number,   // caption, number box with its up-down, unit
+        Slider,   // caption, slider, value label
+        Lead,     // caption, combo box of items led by their value
+    };
+    struct Row {
+        RowKind kind;
+        const char* name = nullptr;    // array name of the control
+        int index = -1;                // its Index, -1 for none
+        const char* caption = nullptr; // UTF-8; of a Number, Slider or Lead the label in front
+        OptElem elem = {};
+        double limit = 0;    // Number: greatest typed value and up-down maximum; Slider: maximum
+        double fallback = 0; // Number: an empty box; Group and Lead: nothing selected; CheckSet
+        int minimum = 0;     // Number: up-down minimum; Slider: minimum
+        int step = 1;        // Number: up-down step; Slider: small step
+        const char* unit = nullptr;              // Number: the label behind the box
+        double scale = 1;                        // Number: the box shows value * scale
+        int width = 64;                          // Number: width of the box
+        std::function<QString(int)> format = {}; // Slider: text of the value label
+        const char* valueName = nullptr;   // Slider: value label, else "lbl..." with the index
+        const char* captionName = nullptr; // object name of the label in front
+        QStringList items = {};            // Lead: the items
+    };
+
+protected:
+    // Builds the lines of `rows` in a grid, in the order of the table. Checks and options flow
+    // `perLine` to a line; in a table with Number, Slider or Lead lines each check has a line
+    // of its own. `reserve` lines stay free at the end for the caller.
+    QGridLayout* Lines(const std::vector<Row>& rows, int perLine = 1, int reserve = 0,
+                       int captionWidth = 0);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -227,6 +275,8 @@ private:
     QPushButton* cmdOK_ = nullptr;
     QPushButton* cmdCancel_ = nullptr;
     QPushButton* cmdApply_ = nullptr;
+    std::vector<std::function<void()>> rules_;
+    bool loaded_ = false; // rules run on changes only once load has set every control
 };
 
 // The frame for one family's block type.

@@ -20,7 +20,9 @@ public:
     frmM88Op(uint8_t titleFlag, QWidget* parent);
 
 private:
-    void Build();
+    OptElem E1(int i);
+    OptElem E2(int i);
+    OptElem E3(int i);
     void BuildCpu();
     void BuildScreen();
     void BuildVolume();
@@ -32,7 +34,6 @@ private:
     void BuildFm98();
     void BuildMode();
     void ConnectInterlocks();
-    void AfterLoad() override;
     void cmdDefault_Click();
 };
 
