@@ -2,7 +2,7 @@
 
 #include "shell/Help.h"
 
-#include "adapters/pc88/frmM88Op.h"
+#include "adapters/OptionDialogs_ui.h"
 #include "data/Cfg.h"
 #include "platform/MsgBox.h"
 #include "settings/frmDirSansyo.h"
@@ -101,24 +101,6 @@ std::function<QString(SelectKind, QWidget*)> frmCfg::SelectFileFn = &frmCfg::Sel
 std::function<bool(QString&, QWidget*)> frmCfg::PickDirFn = [](QString& path, QWidget* owner) {
     return InitDirSansyo(path, owner);
 };
-
-std::map<QString, std::function<void(QWidget*)>>& frmCfg::OptionDialogs()
-{
-    static std::map<QString, std::function<void(QWidget*)>> m = {
-        {QStringLiteral("cmdM88Op"),
-         [](QWidget* owner) {
-             InitM88Op(0);
-             ShowM88Op(owner);
-         }},
-    };
-    return m;
-}
-
-std::map<QString, std::function<QString()>>& frmCfg::OptionTexts()
-{
-    static std::map<QString, std::function<QString()>> m;
-    return m;
-}
 
 QString frmCfg::SelectFile(SelectKind kind, QWidget* owner)
 {
@@ -376,12 +358,15 @@ QFrame* frmCfg::BuildEmuFrame(const Emu& e, QWidget* parent)
         auto* b = new QPushButton(caption, fra);
         b->setObjectName(name);
         b->setAutoDefault(false);
-        auto it = OptionDialogs().find(name);
-        b->setEnabled(it != OptionDialogs().end());
-        if (it != OptionDialogs().end()) {
-            auto fn = it->second;
-            connect(b, &QPushButton::clicked, this, [this, fn] {
-                fn(this);
+        // A button waits, disabled, until its emulator's dialog is there.
+        const OptionDialogControls* c = OptionDialogControlsOf(name);
+        auto it = c ? OptionDialogTable().find(c->emu) : OptionDialogTable().end();
+        const bool there = it != OptionDialogTable().end() && it->second.open;
+        b->setEnabled(there);
+        if (there) {
+            const tv::Emu emu = c->emu;
+            connect(b, &QPushButton::clicked, this, [this, emu] {
+                OpenOptionDialog(emu, 0, this);
                 RefreshOptionTexts();
             });
         }
@@ -459,9 +444,13 @@ void frmCfg::UpdateFmPanRule()
 
 void frmCfg::RefreshOptionTexts()
 {
-    for (const auto& [name, fn] : OptionTexts())
-        if (auto* t = Ctl<QLineEdit>(name))
-            t->setText(fn());
+    for (const auto& c : kOptionDialogControls) {
+        auto it = OptionDialogTable().find(c.emu);
+        if (!c.switchText || it == OptionDialogTable().end() || !it->second.defaultsText)
+            continue;
+        if (auto* t = Ctl<QLineEdit>(S(c.switchText)))
+            t->setText(it->second.defaultsText());
+    }
 }
 
 void frmCfg::LoadFromCfg()

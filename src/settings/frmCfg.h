@@ -7,7 +7,6 @@
 #include <QDialog>
 #include <array>
 #include <functional>
-#include <map>
 
 class QCheckBox;
 class QComboBox;
@@ -32,13 +31,6 @@ public:
     // The directory picker of the family directories (frmDirSansyo); false on cancel.
     static std::function<bool(QString&, QWidget*)> PickDirFn;
 
-    // The default-option dialogs of the emulators, by the name of their button ("cmdM88Op",
-    // "cmdJ80File", ...): the adapters register them, and a button stays disabled until its
-    // dialog is there.
-    static std::map<QString, std::function<void(QWidget*)>>& OptionDialogs();
-    // The switch texts shown read-only ("txtP88srOp", "txtX1rOp", "txtX1emuOp") from the
-    // default blocks, registered by the adapters that make them.
-    static std::map<QString, std::function<QString()>>& OptionTexts();
     // Called after a successful store, so that the main window updates its switches.
     std::function<void()> onStored;
 

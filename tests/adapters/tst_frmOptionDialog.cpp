@@ -53,6 +53,37 @@ public:
     }
 };
 
+// A dialog with one enabling rule over three sources, loaded only when the test says so.
+class frmRuleOp : public OptionBlockDialog<Block> {
+public:
+    frmRuleOp() : OptionBlockDialog<Block>(Defaults, Working, 0, nullptr)
+    {
+        auto* v = new QVBoxLayout(SinglePage());
+        chk = Check(QStringLiteral("chkRule_1Op"), 0, QStringLiteral("on"), Elem(Op.A, 0));
+        box = Number(QStringLiteral("txtRule_2Op"), 0, Elem(Op.B, 0), 9999, 0);
+        combo =
+            ComboLead(QStringLiteral("cbxRule_1Op"), 2,
+                      {QStringLiteral("4 - 4 MHz"), QStringLiteral("10 - 10 MHz")}, Elem(Op.A, 2));
+        other = Check(QStringLiteral("chkRule_1Op"), 3, QStringLiteral("other"), Elem(Op.A, 3));
+        target = Check(QStringLiteral("chkRule_1Op"), 1, QStringLiteral("target"), Elem(Op.A, 1));
+        for (QWidget* w :
+             {static_cast<QWidget*>(chk), static_cast<QWidget*>(box), static_cast<QWidget*>(combo),
+              static_cast<QWidget*>(other), static_cast<QWidget*>(target)})
+            v->addWidget(w);
+        Rule({chk, box, combo}, [this] {
+            ++runs;
+            target->setEnabled(chk->isChecked() && box->text() == QStringLiteral("300"));
+        });
+    }
+    void Load() { FormLoad(); }
+    QCheckBox* chk;
+    QLineEdit* box;
+    QComboBox* combo;
+    QCheckBox* other;
+    QCheckBox* target;
+    int runs = 0;
+};
+
 } // namespace
 
 class TestFrmOptionDialog : public QObject {
@@ -134,6 +165,37 @@ private slots:
         chk->setChecked(false);
         QVERIFY(!t->isEnabled());
         QCOMPARE(t->palette().color(QPalette::Base), t->palette().color(QPalette::Window));
+    }
+
+    void ruleRunsAfterLoadAndOnEachChangeOfEachSource()
+    {
+        frmRuleOp d;
+        // Before load the rule doesn't run, whatever changes.
+        d.chk->setChecked(true);
+        d.box->setText(QStringLiteral("1"));
+        QCOMPARE(d.runs, 0);
+        QVERIFY(d.target->isEnabled());
+        // Load changes the sources (the defaults hold 1 and 300) and runs the rule once.
+        d.chk->setChecked(false);
+        d.Load();
+        QCOMPARE(d.runs, 1);
+        QVERIFY(d.chk->isChecked());
+        QCOMPARE(d.box->text(), QStringLiteral("300"));
+        QVERIFY(d.target->isEnabled());
+        d.chk->setChecked(false);
+        QCOMPARE(d.runs, 2);
+        QVERIFY(!d.target->isEnabled());
+        d.chk->setChecked(true);
+        QCOMPARE(d.runs, 3);
+        QVERIFY(d.target->isEnabled());
+        d.box->setText(QStringLiteral("30"));
+        QCOMPARE(d.runs, 4);
+        QVERIFY(!d.target->isEnabled());
+        d.combo->setCurrentIndex(0);
+        QCOMPARE(d.runs, 5);
+        // A control that isn't a source doesn't run it.
+        d.other->setChecked(!d.other->isChecked());
+        QCOMPARE(d.runs, 5);
     }
 
     void ctrlTabWithoutTabsDoesNothing()

@@ -1,4 +1,5 @@
 // frmCfg: mirrored switches, enabling rules, the store and the re-read on cancel.
+#include "adapters/OptionDialogs_ui.h"
 #include "data/Cfg.h"
 #include "settings/frmCfg.h"
 #include "settings/frmDirSansyo.h"
@@ -59,8 +60,7 @@ private slots:
         HardWare = 0;
         CfgReady = 0;
         SetDefaultCfg(Cfg);
-        frmCfg::OptionDialogs().clear();
-        frmCfg::OptionTexts().clear();
+        OptionDialogTable().clear();
     }
 
     void helpButtonOpensTheDialogsTopic()
@@ -178,11 +178,11 @@ private slots:
             QCOMPARE(d.Ctl<QPushButton>("cmdM88Op")->text(), QStringLiteral("Def 設定"));
         }
         int opened = 0;
-        frmCfg::OptionDialogs()["cmdM88Op"] = [&](QWidget*) {
+        OptionDialogTable()[tv::Emu::M88].open = [&](int, QWidget*) {
             ++opened;
             Cfg.CfgEmuOpt88.M88_1Op[0] = 5;
         };
-        frmCfg::OptionTexts()["txtP88srOp"] = [] {
+        OptionDialogTable()[tv::Emu::P88sr].defaultsText = [] {
             return QStringLiteral("-x %1").arg(Cfg.CfgEmuOpt88.M88_1Op[0]);
         };
         frmCfg d;
