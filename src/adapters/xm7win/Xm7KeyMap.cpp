@@ -322,4 +322,21 @@ bool AssignXm7KeyCode(Xm7KeyArray& keys, int keyNo, int code)
     return true;
 }
 
+std::vector<std::pair<QString, int>> Xm7JoyKeyItems()
+{
+    std::vector<std::pair<QString, int>> items{{QStringLiteral("使用しない"), 0}};
+    for (int k = kXm7FirstKey; k <= kXm7LastKey; ++k)
+        if (Xm7IsFmKey(k))
+            items.emplace_back(Xm7FmKeyCaption(k), k);
+    return items;
+}
+
+std::vector<std::pair<QString, int>> Xm7JoyDirItems()
+{
+    return {{QStringLiteral("使用しない"), 0}, {QStringLiteral("↑"), 112},
+            {QStringLiteral("↓"), 113},        {QStringLiteral("←"), 114},
+            {QStringLiteral("→"), 115},        {QStringLiteral("Aボタン"), 116},
+            {QStringLiteral("Bボタン"), 117}};
+}
+
 } // namespace tv

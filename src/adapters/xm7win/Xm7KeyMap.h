@@ -69,4 +69,13 @@ void StoreXm7KeyRows(const std::vector<Xm7KeyRow>& rows, Xm7KeyArray& keys);
 // nothing. Returns whether anything changed; false also for a number without a row.
 bool AssignXm7KeyCode(Xm7KeyArray& keys, int keyNo, int code);
 
+// Items of a joystick code combo, as (text, item data). A port of type "キーボード" offers
+// "使用しない" (0) and every FM-7 key by its caption and number; any other type offers
+// "使用しない" and the directions and buttons, codes 112 to 117.
+std::vector<std::pair<QString, int>> Xm7JoyKeyItems();
+std::vector<std::pair<QString, int>> Xm7JoyDirItems();
+// What each of a port's seven combos selects when the direction lists are put in place: ↑ ↓ ←
+// → centre A B.
+inline constexpr std::array<int, 7> kXm7JoyDirDefaults = {112, 113, 114, 115, 0, 116, 117};
+
 } // namespace tv

@@ -292,3 +292,27 @@ TEST(Xm7KeyMap, KeysWithoutARowNeitherTakeNorGiveUpACode)
     EXPECT_FALSE(AssignXm7KeyCode(keys, 103, 30));
     EXPECT_EQ(keys, before);
 }
+
+TEST(Xm7KeyMap, JoystickKeyboardItems)
+{
+    const auto items = Xm7JoyKeyItems();
+    ASSERT_EQ(items.size(), 101u);
+    EXPECT_EQ(items[0], std::make_pair(QStringLiteral("使用しない"), 0));
+    EXPECT_EQ(items[1], std::make_pair(QStringLiteral("ESC"), 1));
+    EXPECT_EQ(items[14], std::make_pair(QStringLiteral("\\"), 14));
+    EXPECT_EQ(items[88], std::make_pair(QStringLiteral("SPACE(中)"), 88));
+    EXPECT_EQ(items[89], std::make_pair(QStringLiteral("かな"), 90));
+    EXPECT_EQ(items[90], std::make_pair(QStringLiteral("BREAK"), 92));
+    EXPECT_EQ(items[100], std::make_pair(QStringLiteral("PF10"), 102));
+}
+
+TEST(Xm7KeyMap, JoystickDirectionItems)
+{
+    const std::vector<std::pair<QString, int>> expected = {
+        {QStringLiteral("使用しない"), 0}, {QStringLiteral("↑"), 112},
+        {QStringLiteral("↓"), 113},        {QStringLiteral("←"), 114},
+        {QStringLiteral("→"), 115},        {QStringLiteral("Aボタン"), 116},
+        {QStringLiteral("Bボタン"), 117}};
+    EXPECT_EQ(Xm7JoyDirItems(), expected);
+    EXPECT_EQ(kXm7JoyDirDefaults, (std::array<int, 7>{112, 113, 114, 115, 0, 116, 117}));
+}
