@@ -3,6 +3,8 @@
 #include "launch/LaunchCommand.h"
 #include "shell/Globals.h"
 
+#include <string>
+
 namespace tv {
 
 namespace {

@@ -119,6 +119,13 @@ TEST(X1emuSwitchesTest, BlankDipSwitchIsTrimmedOnlyAtTheEnd)
     EXPECT_EQ(MakeX1emuSwitches(o), QStringLiteral("/D  /K0"));
 }
 
+TEST(X1emuSwitchesTest, DipSwitchByteIsAShiftJisCharacter)
+{
+    EmuOptX1 o = With({4});
+    o.X1emu_3Op = 0xB1; // half-width katakana A in Shift-JIS
+    EXPECT_EQ(MakeX1emuSwitches(o), QStringLiteral("/Dｱ"));
+}
+
 TEST(X1emuSwitchesTest, OnlyAnEnableOfOneCounts)
 {
     EmuOptX1 o = Defaults();

@@ -221,6 +221,15 @@ TEST(XmilIniTest, TuneBuildWritesTheMegahertz)
     }
 }
 
+TEST(XmilIniTest, OnlyTuneUseOneSelectsTheTuneBuild)
+{
+    // The frame sets TuneUse to 0 or 1; anything else is taken as the plain build.
+    EmuOptX1 o = Defaults();
+    o.Xmil_1Op[3] = 8;
+    EXPECT_TRUE(HasLine(Ini(o, 2), "cpu_8MHz=true"));
+    EXPECT_TRUE(HasLine(Ini(o, 255), "cpu_8MHz=true"));
+}
+
 TEST(XmilIniTest, VolumesAreTheSliderLessThirty)
 {
     const std::pair<int, const char*> opm[] = {
