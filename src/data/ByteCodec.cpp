@@ -123,6 +123,18 @@ bool ByteReader::text(QString& v, int width)
     return true;
 }
 
+bool ByteReader::unfilledText(QString& v, int width)
+{
+    const char* p;
+    if (!take(width, p))
+        return false;
+    qsizetype n = width;
+    while (n > 0 && p[n - 1] == ' ')
+        --n;
+    v = FromSjis(p, n);
+    return true;
+}
+
 bool ByteReader::raw(QByteArray& v, int width)
 {
     const char* p;

@@ -48,6 +48,9 @@ public:
     // Text of `width` bytes, decoded from Shift-JIS, trailing blanks kept.
     bool text(QString& v, int width);
     bool raw(QByteArray& v, int width);
+    // Text of `width` bytes with its trailing blanks cut before decoding: most of a fixed field
+    // is blank fill, and decoding the fill only to trim it again is wasted work.
+    bool unfilledText(QString& v, int width);
     bool get(uint8_t& v) { return u8(v); }
     bool get(int16_t& v) { return i16(v); }
     bool get(int32_t& v) { return i32(v); }
@@ -67,6 +70,44 @@ private:
     bool take(int n, const char*& p);
     const QByteArray& in_;
     qsizetype pos_;
+};
+
+// The codecs of a field walk. A record is described once, by a walk that names each field in
+// file order, and the codec passed to it decides whether the walk writes, reads or clears:
+//   io.text(field, width)          a text field, blank-filled to its width on disk
+//   io.unfilledText(field, width)  the same on disk, held in memory without its blank fill
+//   io.chr(field)                  a one-byte text field, held as its byte
+//   io.num(field)                  a number, or an array of numbers, little-endian
+// Walks take the record as a template parameter so that the writer can walk a const record.
+
+struct FieldWriter {
+    ByteWriter& w;
+    void text(const QString& v, int width) { w.text(v, width); }
+    void unfilledText(const QString& v, int width) { w.text(v, width); }
+    void chr(uint8_t v) { w.u8(v); }
+    template <typename T> void num(const T& v) { w.put(v); }
+};
+
+// A field that the data doesn't hold whole is left as it was.
+struct FieldReader {
+    ByteReader& r;
+    void text(QString& v, int width) { r.text(v, width); }
+    void unfilledText(QString& v, int width) { r.unfilledText(v, width); }
+    void chr(uint8_t& v) { r.u8(v); }
+    template <typename T> void num(T& v) { r.get(v); }
+};
+
+// Texts to blanks; numbers to 0 when `numbers` is set, else left alone.
+struct FieldBlanker {
+    bool numbers = false;
+    void text(QString& v, int width) { v = QString(width, QLatin1Char(' ')); }
+    void unfilledText(QString& v, int) { v.clear(); }
+    void chr(uint8_t& v) { v = ' '; }
+    template <typename T> void num(T& v)
+    {
+        if (numbers)
+            v = T{};
+    }
 };
 
 // Cuts Shift-JIS bytes to at most `width` without splitting a double-byte character.

@@ -36,8 +36,8 @@ template <typename Rec> auto switchBytes(Rec& c)
                       &c.ViewGrid, &c.SortKey, &c.DblClickProc, &c.ReArcCheck};
 }
 
-// One walk over the record in file order, shared by the writer and the reader so that the two
-// can never disagree on the layout.
+// One walk over the record in file order, shared by the writer, the reader and ClearCfg so that
+// they can never disagree on the layout.
 template <typename Codec, typename Rec> void walk(Codec& io, Rec& c)
 {
     io.text(c.CfgVersion, 24);
@@ -70,35 +70,10 @@ template <typename Codec, typename Rec> void walk(Codec& io, Rec& c)
         io.num(*f);
     for (auto& row : c.FilterOrder)
         io.num(row);
-    io.opt(c.CfgEmuOpt88);
-    io.opt(c.CfgEmuOptFM);
-    io.opt(c.CfgEmuOptX1);
+    WalkEmuOpt88(io, c.CfgEmuOpt88);
+    WalkEmuOptFM(io, c.CfgEmuOptFM);
+    WalkEmuOptX1(io, c.CfgEmuOptX1);
 }
-
-struct Out {
-    ByteWriter w;
-    void text(const QString& t, int width) { w.text(t, width); }
-    template <typename T> void num(const T& v) { w.put(v); }
-    void opt(const EmuOpt88& o) { WriteEmuOpt88(w, o); }
-    void opt(const EmuOptFM& o) { WriteEmuOptFM(w, o); }
-    void opt(const EmuOptX1& o) { WriteEmuOptX1(w, o); }
-};
-
-struct In {
-    ByteReader r;
-    void text(QString& t, int width) { r.text(t, width); }
-    template <typename T> void num(T& v) { r.get(v); }
-    void opt(EmuOpt88& o) { ReadEmuOpt88(r, o); }
-    void opt(EmuOptFM& o) { ReadEmuOptFM(r, o); }
-    void opt(EmuOptX1& o) { ReadEmuOptX1(r, o); }
-};
-
-// The record's text fields, for ClearCfg.
-struct Blank {
-    void text(QString& t, int width) { t = QString(width, QLatin1Char(' ')); }
-    template <typename T> void num(T&) {}
-    template <typename T> void opt(T&) {}
-};
 
 QString cfgPath()
 {
@@ -117,21 +92,25 @@ QByteArray EncodeCfg(const CfgRecord& c)
 {
     QByteArray out;
     out.reserve(kCfgSize);
-    Out o{ByteWriter(out)};
-    walk(o, const_cast<CfgRecord&>(c)); // Out only reads
+    ByteWriter w(out);
+    FieldWriter io{w};
+    walk(io, c);
     return out;
 }
 
 void DecodeCfg(const QByteArray& bytes, CfgRecord& c)
 {
-    In i{ByteReader(bytes)};
-    walk(i, c);
+    ByteReader r(bytes);
+    FieldReader io{r};
+    walk(io, c);
 }
 
 void ClearCfg(CfgRecord& c)
 {
-    Blank b;
-    walk(b, c);
+    // Every text field, those inside the option blocks too, so that a short file leaves no
+    // stale text behind.
+    FieldBlanker io;
+    walk(io, c);
 }
 
 void SetDefaultCfg(CfgRecord& c)

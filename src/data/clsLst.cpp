@@ -2,7 +2,6 @@
 
 #include "data/ByteCodec.h"
 #include "shell/Globals.h"
-#include "shell/Sjis.h"
 #include "shell/SubFunction.h"
 
 #include <QFile>
@@ -63,6 +62,39 @@ QByteArray LstHeader(int family)
     return (LstFileName(family) + QStringLiteral(" Version ") + kLstVersion).toLatin1();
 }
 
+namespace {
+
+// One walk over the record of `family` in file order, shared by the writer, the reader and
+// ClearLst. The three layouts differ only in the width of SecondFile and in the option block
+// at the end. The record's texts are held without their blank fill, since the working copy
+// trims them anyway.
+template <typename Codec, typename Rec> void walk(Codec& io, int family, Rec& r)
+{
+    io.unfilledText(r.Title, kTitle);
+    io.unfilledText(r.Genre, kGenre);
+    io.unfilledText(r.Maker, kMaker);
+    io.unfilledText(r.Column1, kColumn);
+    io.unfilledText(r.Column2, kColumn);
+    io.unfilledText(r.SaleDate, kSaleDate);
+    io.unfilledText(r.Comment, kComment);
+    io.unfilledText(r.StartFileName, kStartFile);
+    io.unfilledText(r.JituFile, kPath);
+    io.unfilledText(r.SecondFile, secondFileWidth(family));
+    io.num(r.ArcCheckFlag);
+    io.num(r.ReArcCheckFlag);
+    io.unfilledText(r.ScrFile, kPath);
+    io.num(r.MeltManFlag);
+    io.unfilledText(r.ManFile, kPath);
+    if (family == 0)
+        WalkEmuOpt88(io, r.opt88);
+    else if (family == 1)
+        WalkEmuOptFM(io, r.optFM);
+    else
+        WalkEmuOptX1(io, r.optX1);
+}
+
+} // namespace
+
 QByteArray EncodeLstRecord(int family, const LstRecord& r)
 {
     QByteArray out;
@@ -70,73 +102,18 @@ QByteArray EncodeLstRecord(int family, const LstRecord& r)
         return out;
     out.reserve(LstRecordLength(family));
     ByteWriter w(out);
-    w.text(r.Title, kTitle);
-    w.text(r.Genre, kGenre);
-    w.text(r.Maker, kMaker);
-    w.text(r.Column1, kColumn);
-    w.text(r.Column2, kColumn);
-    w.text(r.SaleDate, kSaleDate);
-    w.text(r.Comment, kComment);
-    w.text(r.StartFileName, kStartFile);
-    w.text(r.JituFile, kPath);
-    w.text(r.SecondFile, secondFileWidth(family));
-    w.u8(r.ArcCheckFlag);
-    w.u8(r.ReArcCheckFlag);
-    w.text(r.ScrFile, kPath);
-    w.u8(r.MeltManFlag);
-    w.text(r.ManFile, kPath);
-    if (family == 0)
-        WriteEmuOpt88(w, r.opt88);
-    else if (family == 1)
-        WriteEmuOptFM(w, r.optFM);
-    else
-        WriteEmuOptX1(w, r.optX1);
+    FieldWriter io{w};
+    walk(io, family, r);
     return out;
 }
-
-namespace {
-
-// A text field with its trailing blanks cut before decoding: most of a fixed field is blank
-// fill, and the fill would only be trimmed again.
-void sjisField(ByteReader& rd, QString& v, int width)
-{
-    QByteArray raw;
-    if (!rd.raw(raw, width))
-        return;
-    qsizetype n = raw.size();
-    while (n > 0 && raw[n - 1] == ' ')
-        --n;
-    v = FromSjis(raw.constData(), n);
-}
-
-} // namespace
 
 void DecodeLstRecord(int family, const QByteArray& bytes, LstRecord& r, qsizetype pos)
 {
     if (!validFamily(family))
         return;
     ByteReader rd(bytes, pos);
-    sjisField(rd, r.Title, kTitle);
-    sjisField(rd, r.Genre, kGenre);
-    sjisField(rd, r.Maker, kMaker);
-    sjisField(rd, r.Column1, kColumn);
-    sjisField(rd, r.Column2, kColumn);
-    sjisField(rd, r.SaleDate, kSaleDate);
-    sjisField(rd, r.Comment, kComment);
-    sjisField(rd, r.StartFileName, kStartFile);
-    sjisField(rd, r.JituFile, kPath);
-    sjisField(rd, r.SecondFile, secondFileWidth(family));
-    rd.u8(r.ArcCheckFlag);
-    rd.u8(r.ReArcCheckFlag);
-    sjisField(rd, r.ScrFile, kPath);
-    rd.u8(r.MeltManFlag);
-    sjisField(rd, r.ManFile, kPath);
-    if (family == 0)
-        ReadEmuOpt88(rd, r.opt88);
-    else if (family == 1)
-        ReadEmuOptFM(rd, r.optFM);
-    else
-        ReadEmuOptX1(rd, r.optX1);
+    FieldReader io{rd};
+    walk(io, family, r);
 }
 
 // ---------------------------------------------------------------------------------------
@@ -185,7 +162,8 @@ int32_t clsLst::GetLstMaxSeekPointer() const
 void clsLst::ClearLst(uint8_t family)
 {
     if (validFamily(family)) {
-        Buf[family] = LstRecord();
+        FieldBlanker io{.numbers = true};
+        walk(io, family, Buf[family]);
     }
     Title.clear();
     Genre.clear();

@@ -29,7 +29,8 @@ int LstRecordLength(int family);
 // The 24 header bytes: the file's name, " Version ", the version.
 QByteArray LstHeader(int family);
 
-// One record as it stands on disk, fields untrimmed. Family 0 uses opt88, 1 optFM, 2 optX1.
+// One record as it stands on disk, its texts without their trailing blank fill (the fill is
+// added again on writing). Family 0 uses opt88, 1 optFM, 2 optX1.
 struct LstRecord {
     QString Title, Genre, Maker, Column1, Column2, SaleDate, Comment, StartFileName, JituFile,
         SecondFile;

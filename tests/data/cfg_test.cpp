@@ -84,3 +84,36 @@ TEST(CfgRecord, ShortFileLeavesTheTailCleared)
     EXPECT_EQ(d.CfgEmuOptX1.WinX1_1Op[0], 0);
     EXPECT_EQ(d.CfgEmuOptX1.DefEmuRun, 0);
 }
+
+TEST(CfgRecord, ClearBlanksTheTextsInsideTheOptionBlocks)
+{
+    CfgRecord c;
+    SetDefaultCfg(c);
+    ClearCfg(c);
+    for (int i = 0; i < 6; ++i)
+        EXPECT_EQ(c.CfgEmuOpt88.P88_4Op[i], QStringLiteral("  ")) << "P88_4Op[" << i << "]";
+    EXPECT_EQ(c.CfgEmuOptX1.X1emu_3Op, ' ');
+    // The numbers stay as they were.
+    EXPECT_EQ(c.CfgEmuOpt88.M88_1Op[0], 49);
+    EXPECT_EQ(c.CfgEmuOptX1.X1r_3Op[0], 250);
+}
+
+TEST(CfgRecord, ShortFileAfterAClearLeavesNoStaleTextInTheOptionBlocks)
+{
+    // A record whose option texts hold "0", cleared, then read from a file that ends before
+    // the first of them (the PC-88 block's texts start at 11423).
+    CfgRecord c;
+    SetDefaultCfg(c);
+    c.CfgEmuOpt88.P88_4Op.fill(QStringLiteral("0"));
+    c.CfgEmuOptX1.X1emu_3Op = '0';
+    CfgRecord shortSource;
+    SetDefaultCfg(shortSource);
+    const QByteArray shortFile = EncodeCfg(shortSource).left(11400);
+    ClearCfg(c);
+    DecodeCfg(shortFile, c);
+    const QByteArray saved = EncodeCfg(c);
+    ASSERT_EQ(saved.size(), kCfgSize);
+    EXPECT_EQ(saved.mid(11423, 12), QByteArray("            "));
+    EXPECT_EQ(saved[12036], ' ');
+    EXPECT_EQ(saved.left(11400), shortFile);
+}

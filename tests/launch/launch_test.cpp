@@ -221,16 +221,23 @@ TEST_F(Launch, DeadPathFoundByBareNameInImageDir)
     EXPECT_EQ(ReadFile(r_ + "/images/GAME.D77").mid(32, 16), kChanged);
 }
 
+// A file of the same name in the current directory must not be taken instead.
 TEST_F(Launch, BareJituFileIsTakenFromImageDir)
 {
     Cfg.Em7WinCfgChk = 1;
-    Emu(13);
+    Emu(13, {{"show", "GAME.VFD"}});
     WriteFile(r_ + "/images/GAME.VFD", Image());
+    QDir().mkpath(r_ + "/cwd");
+    WriteFile(r_ + "/cwd/GAME.VFD", "not the catalogued image");
+    ASSERT_TRUE(QDir::setCurrent(r_ + "/cwd"));
     Item(1, "GAME.VFD", "GAME.VFD");
     ScriptedMsgBox box;
     RunSelectedItem(13);
     ASSERT_EQ(Runs().size(), 1u);
     EXPECT_EQ(Runs()[0].args.mid(1), QStringList{"GAME.VFD"});
+    ASSERT_TRUE(Runs()[0].shown.contains("GAME.VFD"));
+    EXPECT_EQ(Runs()[0].shown["GAME.VFD"], Image());
+    EXPECT_EQ(ReadFile(r_ + "/cwd/GAME.VFD"), QByteArray("not the catalogued image"));
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
 

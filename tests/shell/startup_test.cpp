@@ -435,6 +435,24 @@ TEST_F(StartupTest, ShutDownWithoutSelectionSaveStoresZero)
     EXPECT_FALSE(ui.calls.contains("RestoreNormalVisible"));
 }
 
+TEST_F(StartupTest, ShutDownWithSelectionSaveAndNothingSelectedStoresZero)
+{
+    WriteValidCfg([](CfgRecord& c) {
+        c.LstSelectSave = 1;
+        c.LstSelectPos = 25 + 2284; // an old selection that must not survive
+    });
+    ScriptedMsgBox boxes;
+    Startup s(ui, Env());
+    ASSERT_TRUE(s.FormLoad());
+    ASSERT_EQ(Cfg.LstSelectPos, 25 + 2284);
+    ui.selectedKey = "";
+    s.FormUnload();
+    CfgRecord back;
+    DecodeCfg(ReadFile(app + "/TORVANE.CFG"), back);
+    EXPECT_EQ(back.LstSelectSave, 1);
+    EXPECT_EQ(back.LstSelectPos, 0);
+}
+
 TEST_F(StartupTest, ShutDownKeepsAWorkDirWithFilesAndStopsThere)
 {
     WriteValidCfg();

@@ -8,22 +8,14 @@ namespace tv {
 
 void WriteEmuOptFM(ByteWriter& w, const EmuOptFM& o)
 {
-    w.u8(o.DefEmuRun);
-    w.put(o.Xm7Win_1Op);
-    w.put(o.Xm7Win_2Op);
-    w.put(o.Xm7Win_3Op);
-    w.put(o.Em7Win_1Op);
-    w.put(o.Em7Win_2Op);
+    FieldWriter io{w};
+    WalkEmuOptFM(io, o);
 }
 
 void ReadEmuOptFM(ByteReader& r, EmuOptFM& o)
 {
-    r.u8(o.DefEmuRun);
-    r.get(o.Xm7Win_1Op);
-    r.get(o.Xm7Win_2Op);
-    r.get(o.Xm7Win_3Op);
-    r.get(o.Em7Win_1Op);
-    r.get(o.Em7Win_2Op);
+    FieldReader io{r};
+    WalkEmuOptFM(io, o);
 }
 
 void SetDefaultEmuOptFM(EmuOptFM& o)
@@ -44,36 +36,14 @@ void SetDefaultEmuOptFM(EmuOptFM& o)
 
 void WriteEmuOptX1(ByteWriter& w, const EmuOptX1& o)
 {
-    w.u8(o.DefEmuRun);
-    w.put(o.X1r_1Op);
-    w.put(o.X1r_2Op);
-    w.put(o.X1r_3Op);
-    w.put(o.X1emu_1Op);
-    w.put(o.X1emu_2Op);
-    w.u8(o.X1emu_3Op);
-    w.put(o.Xmil_1Op);
-    w.put(o.Xmil_2Op);
-    w.put(o.Xmil_3Op);
-    w.put(o.Xmil_4Op);
-    w.put(o.Xmil_5Op);
-    w.put(o.WinX1_1Op);
+    FieldWriter io{w};
+    WalkEmuOptX1(io, o);
 }
 
 void ReadEmuOptX1(ByteReader& r, EmuOptX1& o)
 {
-    r.u8(o.DefEmuRun);
-    r.get(o.X1r_1Op);
-    r.get(o.X1r_2Op);
-    r.get(o.X1r_3Op);
-    r.get(o.X1emu_1Op);
-    r.get(o.X1emu_2Op);
-    r.u8(o.X1emu_3Op);
-    r.get(o.Xmil_1Op);
-    r.get(o.Xmil_2Op);
-    r.get(o.Xmil_3Op);
-    r.get(o.Xmil_4Op);
-    r.get(o.Xmil_5Op);
-    r.get(o.WinX1_1Op);
+    FieldReader io{r};
+    WalkEmuOptX1(io, o);
 }
 
 void SetDefaultEmuOptX1(EmuOptX1& o)

@@ -2,6 +2,7 @@
 // The option blocks of the FM-7 family (206 bytes packed) and the X1 family (139 bytes).
 #include <array>
 #include <cstdint>
+#include <type_traits>
 
 namespace tv {
 
@@ -44,6 +45,37 @@ struct EmuOptX1 {
 // dialogs and the launch.
 inline EmuOptFM CurEmuOptFM;
 inline EmuOptX1 CurEmuOptX1;
+
+// Each block's one field walk in file order, for the codecs of data/ByteCodec.h; the
+// configuration and catalogue walks call them for their blocks. `Opt` is const for a writer.
+template <typename Io, typename Opt> void WalkEmuOptFM(Io& io, Opt& o)
+{
+    static_assert(std::is_same_v<std::remove_const_t<Opt>, EmuOptFM>);
+    io.num(o.DefEmuRun);
+    io.num(o.Xm7Win_1Op);
+    io.num(o.Xm7Win_2Op);
+    io.num(o.Xm7Win_3Op);
+    io.num(o.Em7Win_1Op);
+    io.num(o.Em7Win_2Op);
+}
+
+template <typename Io, typename Opt> void WalkEmuOptX1(Io& io, Opt& o)
+{
+    static_assert(std::is_same_v<std::remove_const_t<Opt>, EmuOptX1>);
+    io.num(o.DefEmuRun);
+    io.num(o.X1r_1Op);
+    io.num(o.X1r_2Op);
+    io.num(o.X1r_3Op);
+    io.num(o.X1emu_1Op);
+    io.num(o.X1emu_2Op);
+    io.chr(o.X1emu_3Op);
+    io.num(o.Xmil_1Op);
+    io.num(o.Xmil_2Op);
+    io.num(o.Xmil_3Op);
+    io.num(o.Xmil_4Op);
+    io.num(o.Xmil_5Op);
+    io.num(o.WinX1_1Op);
+}
 
 void WriteEmuOptFM(ByteWriter& w, const EmuOptFM& o);
 void ReadEmuOptFM(ByteReader& r, EmuOptFM& o);

@@ -6,60 +6,14 @@ namespace tv {
 
 void WriteEmuOpt88(ByteWriter& w, const EmuOpt88& o)
 {
-    w.u8(o.DefEmuRun);
-    w.put(o.P88_1Op);
-    w.put(o.P88_2Op);
-    for (int i = 8; i <= 16; ++i)
-        w.i32(o.P88_3Op[i]);
-    for (const auto& t : o.P88_4Op)
-        w.text(t, 2);
-    w.put(o.M88_1Op);
-    w.put(o.M88_2Op);
-    w.put(o.M88_3Op);
-    w.put(o.M88_4Op);
-    w.put(o.M88_5Op);
-    w.put(o.M88_6Op);
-    w.put(o.M88_7Op);
-    w.put(o.M88_8Op);
-    w.put(o.Pc8_1Op);
-    w.put(o.Pc8_2Op);
-    w.put(o.X88_1Op);
-    w.put(o.Q88_1Op);
-    w.put(o.Q88_2Op);
-    w.put(o.Q88_3Op);
-    w.put(o.Q88_4Op);
-    w.put(o.Q88_5Op);
-    w.put(o.J80_1Op);
-    w.put(o.J80_2Op);
+    FieldWriter io{w};
+    WalkEmuOpt88(io, o);
 }
 
 void ReadEmuOpt88(ByteReader& r, EmuOpt88& o)
 {
-    r.u8(o.DefEmuRun);
-    r.get(o.P88_1Op);
-    r.get(o.P88_2Op);
-    for (int i = 8; i <= 16; ++i)
-        r.i32(o.P88_3Op[i]);
-    for (auto& t : o.P88_4Op)
-        r.text(t, 2);
-    r.get(o.M88_1Op);
-    r.get(o.M88_2Op);
-    r.get(o.M88_3Op);
-    r.get(o.M88_4Op);
-    r.get(o.M88_5Op);
-    r.get(o.M88_6Op);
-    r.get(o.M88_7Op);
-    r.get(o.M88_8Op);
-    r.get(o.Pc8_1Op);
-    r.get(o.Pc8_2Op);
-    r.get(o.X88_1Op);
-    r.get(o.Q88_1Op);
-    r.get(o.Q88_2Op);
-    r.get(o.Q88_3Op);
-    r.get(o.Q88_4Op);
-    r.get(o.Q88_5Op);
-    r.get(o.J80_1Op);
-    r.get(o.J80_2Op);
+    FieldReader io{r};
+    WalkEmuOpt88(io, o);
 }
 
 void SetDefaultEmuOpt88(EmuOpt88& o)

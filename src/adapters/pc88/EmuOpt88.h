@@ -4,6 +4,7 @@
 #include <QString>
 #include <array>
 #include <cstdint>
+#include <type_traits>
 
 namespace tv {
 
@@ -45,6 +46,39 @@ struct EmuOpt88 {
 // The working copy of the current title's block, passed between the catalogue, the dialogs
 // and the launch.
 inline EmuOpt88 CurEmuOpt88;
+
+// The block's one field walk in file order, for the codecs of data/ByteCodec.h; the
+// configuration and catalogue walks call it for their blocks. `Opt` is EmuOpt88, const for a
+// writer.
+template <typename Io, typename Opt> void WalkEmuOpt88(Io& io, Opt& o)
+{
+    static_assert(std::is_same_v<std::remove_const_t<Opt>, EmuOpt88>);
+    io.num(o.DefEmuRun);
+    io.num(o.P88_1Op);
+    io.num(o.P88_2Op);
+    for (int i = 8; i <= 16; ++i)
+        io.num(o.P88_3Op[i]);
+    for (auto& t : o.P88_4Op)
+        io.text(t, 2);
+    io.num(o.M88_1Op);
+    io.num(o.M88_2Op);
+    io.num(o.M88_3Op);
+    io.num(o.M88_4Op);
+    io.num(o.M88_5Op);
+    io.num(o.M88_6Op);
+    io.num(o.M88_7Op);
+    io.num(o.M88_8Op);
+    io.num(o.Pc8_1Op);
+    io.num(o.Pc8_2Op);
+    io.num(o.X88_1Op);
+    io.num(o.Q88_1Op);
+    io.num(o.Q88_2Op);
+    io.num(o.Q88_3Op);
+    io.num(o.Q88_4Op);
+    io.num(o.Q88_5Op);
+    io.num(o.J80_1Op);
+    io.num(o.J80_2Op);
+}
 
 void WriteEmuOpt88(ByteWriter& w, const EmuOpt88& o);
 void ReadEmuOpt88(ByteReader& r, EmuOpt88& o);
