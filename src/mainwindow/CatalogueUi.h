@@ -88,8 +88,8 @@ public:
     void ClearSortCheck();
     void SetSortCheck(int key);
     void PutFreeColName();
-    // Start-up step 13, and again after a settings dialog stored the configuration: what it
-    // sets on the list, the footers and the pane; a selected row is shown anew.
+    // The configuration onto the window, at start-up and again after a settings dialog stored
+    // it: what it sets on the list, the footers and the pane; a selected row is shown anew.
     void ApplyCfg();
     void lstD88_ColumnClick(int column);
     void mnuViewSortRun_Click(int key);

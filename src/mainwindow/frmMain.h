@@ -39,7 +39,7 @@ public:
     virtual bool InitLst(frmMain& w, int family) = 0;
     // cbxHardWare_Click after HardWare has been set: LoadList and the footer of the family.
     virtual void FamilyChanged(frmMain& w, int family) = 0;
-    // The configuration has been applied to the window (start-up step 13): PutFreeColName,
+    // The configuration has been applied to the window by the start-up: PutFreeColName,
     // column widths, footer switches, the no-picture image. A store of frmCfg only updates
     // the current family's switches and path, and the detail pane (frmMain::CfgStored).
     virtual void CfgApplied(frmMain& w) = 0;

@@ -6,6 +6,7 @@
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 #include "support/ScriptedMsgBox.h"
+#include "support/StubWindow.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -33,14 +34,11 @@ protected:
         images = root.filePath(QStringLiteral("images"));
         for (const QString& d : {WorkDir, EnvTmpDir, SnapDir[0], images})
             ASSERT_TRUE(QDir().mkpath(d));
-        refreshed = 0;
-        RefreshItemDetail = [this] { ++refreshed; };
         QDir::setCurrent(root.path());
     }
     void TearDown() override
     {
         QDir::setCurrent(QDir::tempPath());
-        RefreshItemDetail = nullptr;
         WorkDir = saved[0];
         EnvTmpDir = saved[1];
         EnvTempDir = saved[2];
@@ -106,7 +104,7 @@ protected:
     QTemporaryDir root;
     std::array<QString, 7> saved;
     QString images;
-    int refreshed = 0;
+    tvtest::StubWindow window;
     const QDateTime old{QDate(2001, 2, 3), QTime(4, 5, 6)};
     const QString repackText =
         QStringLiteral("イメージファイルは変更されています。\n再圧縮しますか？");
@@ -170,7 +168,7 @@ TEST_F(Repack, PlainImageGoesBackEvenWhenUnchanged)
     EXPECT_EQ(ReadAll(SnapDir[0] + QStringLiteral("/SCREEN01.BMP")), QByteArray("shot"));
     EXPECT_FALSE(QFileInfo::exists(images + QStringLiteral("/SCREEN01.BMP")));
     EXPECT_TRUE(Entries(WorkDir).isEmpty());
-    EXPECT_EQ(refreshed, 1);
+    EXPECT_EQ(window.refreshed, 1);
     EXPECT_TRUE(box.calls().empty());
 }
 
@@ -196,7 +194,7 @@ TEST_F(Repack, ArchiveRepackedWithoutAskingForFlag1)
                                             QStringLiteral("README.TXT")}));
     EXPECT_TRUE(Entries(WorkDir).isEmpty());
     EXPECT_FALSE(QFileInfo::exists(TempDir()));
-    EXPECT_EQ(refreshed, 1);
+    EXPECT_EQ(window.refreshed, 1);
 }
 
 TEST_F(Repack, Flag2AsksOnlyWhenAMemberChanged)

@@ -5,6 +5,7 @@
 #include "data/Cfg.h"
 #include "launch/ExecEmulator.h"
 #include "platform/KeySend.h"
+#include "support/StubWindow.h"
 #include "support/TestEmu.h"
 
 #include <QDateTime>
@@ -96,7 +97,6 @@ private slots:
     {
         Cfg = CfgRecord{};
         Cfg.M88Dir = emuDir;
-        frmMainHooks = {};
     }
 
     void x88000Tape()
@@ -184,7 +184,8 @@ private slots:
         main.setWindowTitle("main");
         main.show();
         QVERIFY(QTest::qWaitForWindowExposed(&main));
-        frmMainHooks.setEnabled = [&](bool on) { main.setEnabled(on); };
+        tvtest::StubWindow window;
+        window.onSetEnabled = [&](bool on) { main.setEnabled(on); };
         int ticks = 0;
         bool allDisabled = true;
         QTimer probe;

@@ -14,6 +14,7 @@
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 #include "support/GuardedDirs.h"
+#include "support/StubWindow.h"
 #include "support/TestEmu.h"
 
 #include <QCoreApplication>
@@ -76,8 +77,8 @@ protected:
             PatSaveDir[f] = r_ + "/pat";
         }
         M88SaveDir = P88SaveDir = r_ + "/save";
-        launchHooks.hasSelectedItem = [] { return true; };
-        launchHooks.setStatusText = [this](const QString& s) { status_ = s; };
+        window_.emplace();
+        window_->hasSelectedItem = true;
         log_ = r_ + "/emu.log";
         ClearInputLog();
         ResetItemBlock();
@@ -85,7 +86,7 @@ protected:
     void TearDown() override
     {
         ResetItemBlock();
-        tv::launchHooks = {};
+        window_.reset();
         QDir::setCurrent(QCoreApplication::applicationDirPath());
     }
 
@@ -213,7 +214,8 @@ protected:
         }
     };
     QTemporaryDir root_;
-    QString r_, log_, status_;
+    QString r_, log_;
+    std::optional<StubWindow> window_; // a row selected unless the test says otherwise
     std::optional<Saved> saved_;
 };
 
