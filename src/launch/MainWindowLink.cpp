@@ -11,6 +11,8 @@ public:
     void UnloadTitle() override {}
     void SetTitleMsg1(const QString&) override {}
     void SetTitleMsg2(const QString&) override {}
+    void SetTitleCount(const QString&, const QString&) override {}
+    void FailStart() override {}
     void HideMain() override {}
     void ShowMain() override {}
     void SetMainMinimized() override {}
@@ -27,6 +29,7 @@ public:
     void SetTaskIcon() override {}
     void RemoveTaskIcon() override {}
     void ShowCfgDialog() override {}
+    void CfgStored() override {}
     QString SelectedKey() override { return {}; }
     std::array<float, 6> ColumnWidths() override { return {}; }
     int WindowState() override { return 0; }

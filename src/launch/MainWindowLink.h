@@ -19,6 +19,10 @@ public:
     virtual void UnloadTitle() = 0;
     virtual void SetTitleMsg1(const QString& text) = 0;
     virtual void SetTitleMsg2(const QString& text) = 0;
+    // The splash counters lblLstKen and lblLstCap while the catalogue loads.
+    virtual void SetTitleCount(const QString& ken, const QString& cap) = 0;
+    // A catalogue that can't be read at all: StartFail, then the process ends.
+    virtual void FailStart() = 0;
 
     // The main window during the start-up.
     virtual void HideMain() = 0;
@@ -40,6 +44,8 @@ public:
     virtual void RemoveTaskIcon() = 0;
     // frmCfg, modal. It decides CfgReady itself when it closes.
     virtual void ShowCfgDialog() = 0;
+    // A settings dialog stored the configuration: the window's switches and detail follow.
+    virtual void CfgStored() = 0;
 
     // The shut-down: the state that is stored in the configuration.
     virtual QString SelectedKey() = 0; // key of the selected row of lstD88, "" with none
@@ -50,7 +56,7 @@ public:
     virtual void UnloadOtherForms() = 0;
 
     // The launch.
-    virtual bool HasSelectedItem() = 0;                 // a row of lstD88 is selected
+    virtual bool HasSelectedItem() = 0;                  // a row of lstD88 is selected
     virtual void SetStatusText(const QString& text) = 0; // the first panel of stbMain
     virtual void SetMainEnabled(bool on) = 0;
     virtual void MinimiseMain() = 0;

@@ -485,8 +485,7 @@ TEST_F(Launch, KilledWhileEmulatorRuns)
         QThread::msleep(50);
 
     // The next start meets the filled WorkDir and asks; on no it keeps everything.
-    RecordingUi ui;
-    Startup start(ui);
+    Startup start;
     ScriptedMsgBox box;
     box.answer(MbResNo);
     EXPECT_FALSE(start.MakeBootDir());

@@ -1,4 +1,4 @@
-// The launch on a bare main window: the emulator buttons and menu entries closed with a
+// The launch on the main window: the emulator buttons and menu entries closed with a
 // tooltip where the road needs generated options, Enter on the list starting the title's
 // default emulator, and the window minimised, disabled and brought back around the run.
 #include "data/Cfg.h"
@@ -7,6 +7,8 @@
 #include "launch/Launch.h"
 #include "mainwindow/CatalogueUi.h"
 #include "mainwindow/LaunchUi.h"
+#include "mainwindow/MainCatalogue.h"
+#include "mainwindow/frmMain.h"
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 #include "support/CatalogueBytes.h"
@@ -16,7 +18,6 @@
 #include <QAction>
 #include <QDir>
 #include <QFile>
-#include <QMainWindow>
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
@@ -30,8 +31,7 @@ class TstLaunchUi : public QObject {
 private:
     QTemporaryDir root;
     QString r;
-    QMainWindow* win = nullptr;
-    CatalogueWidgets w;
+    frmMain* win = nullptr;
     CatalogueUi* ui = nullptr;
     LaunchUi* launch = nullptr;
     QList<Qt::WindowStates> statesDuringRun;
@@ -49,11 +49,11 @@ private:
     }
     void select(int row)
     {
-        w.lstD88->setCurrentIndex(ui->model()->index(row, 0));
-        w.lstD88->selectRow(row);
+        win->lstD88->setCurrentIndex(ui->model()->index(row, 0));
+        win->lstD88->selectRow(row);
         ui->ShowItemDetail();
     }
-    QAction* menuEntry(int entry) { return w.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(entry)); }
+    QAction* menuEntry(int entry) { return win->menus.runEntry(entry); }
 
 private slots:
     void init()
@@ -83,11 +83,13 @@ private slots:
         writeCatalogue();
         HardWare = 2;
         TrayWindowState = 0;
+        win = new frmMain;
+        auto* catalogue = new MainCatalogue;
+        win->SetCatalogue(std::unique_ptr<MainCatalogue>(catalogue));
+        win->CreateLstObj(); // the catalogue's controls and an empty LstObj
         QVERIFY(LstObj.InitLst(2));
-        win = new QMainWindow;
-        w = CatalogueUi::BuildStandalone(win);
-        ui = new CatalogueUi(w, win);
-        launch = new LaunchUi(ui, win, w.lstD88, win);
+        ui = catalogue->Ui();
+        launch = catalogue->Launch();
         ui->LoadList();
         win->show();
     }
@@ -124,8 +126,8 @@ private slots:
     void nothingSelectedLeavesTheBareEmulatorOpen()
     {
         Cfg.XmilCfgChk = 0;
-        w.lstD88->clearSelection();
-        w.lstD88->setCurrentIndex(QModelIndex());
+        win->lstD88->clearSelection();
+        win->lstD88->setCurrentIndex(QModelIndex());
         ui->ClearItemDetail();
         QVERIFY(ui->cmdEmuRun(22)->isEnabled());
         QVERIFY(ui->cmdEmuRun(21)->isEnabled());
@@ -152,7 +154,7 @@ private slots:
         });
         probe->start(50);
         tvtest::ScriptedMsgBox box;
-        QTest::keyClick(w.lstD88, Qt::Key_Return);
+        QTest::keyClick(win->lstD88, Qt::Key_Return);
         probe->stop();
 
         const auto runs = tvtest::ReadTestEmuLog(r + "/emu.log");
@@ -206,7 +208,7 @@ private slots:
         QVERIFY(tvtest::WriteTestEmuConfig(r + "/emu",
                                            {{"log", r + "/emu.log"}, {"exitafter", "300"}}));
         select(0);
-        QTest::keyClick(w.lstD88, Qt::Key_Return);
+        QTest::keyClick(win->lstD88, Qt::Key_Return);
         QVERIFY(tvtest::ReadTestEmuLog(r + "/emu.log").empty());
     }
 };

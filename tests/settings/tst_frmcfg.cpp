@@ -6,6 +6,7 @@
 #include "shell/Globals.h"
 #include "shell/ValidateCfg.h"
 #include "support/ScriptedMsgBox.h"
+#include "support/StubWindow.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -197,15 +198,14 @@ private slots:
     void okStoresValidatesAndWrites()
     {
         tvtest::ScriptedMsgBox boxes;
-        bool told = false;
+        tvtest::StubWindow window;
         frmCfg d;
-        d.onStored = [&] { told = true; };
         d.txtImageDir[0]->setText("  " + good + " ");
         d.chkDefOpt[0]->click();
         d.cbxDefEmuRun[2]->setCurrentIndex(0);
         d.show();
         d.cmdOK->click();
-        QVERIFY(told);
+        QVERIFY(window.calls.contains("CfgStored"));
         QCOMPARE(boxes.texts(), QStringList({QStringLiteral("設定を保存しました！")}));
         QVERIFY(QFile::exists(app + "/TORVANE.CFG"));
         QCOMPARE(CfgReady, uint8_t(1));

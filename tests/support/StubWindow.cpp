@@ -17,6 +17,11 @@ void StubWindow::SetTitleMsg1(const QString& t)
     msg1 << t;
 }
 
+void StubWindow::SetTitleCount(const QString& ken, const QString& cap)
+{
+    calls << "Count:" + ken + "|" + cap;
+}
+
 bool StubWindow::InitLst(int f)
 {
     calls << QStringLiteral("InitLst:%1").arg(f);

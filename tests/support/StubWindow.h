@@ -34,6 +34,8 @@ public:
     void UnloadTitle() override { calls << "UnloadTitle"; }
     void SetTitleMsg1(const QString& t) override;
     void SetTitleMsg2(const QString& t) override { calls << "Msg2:" + t; }
+    void SetTitleCount(const QString& ken, const QString& cap) override;
+    void FailStart() override { calls << "FailStart"; }
     void HideMain() override { calls << "HideMain"; }
     void ShowMain() override { calls << "ShowMain"; }
     void SetMainMinimized() override { calls << "SetMainMinimized"; }
@@ -49,6 +51,7 @@ public:
     void SetTaskIcon() override { calls << "SetTaskIcon"; }
     void RemoveTaskIcon() override { calls << "RemoveTaskIcon"; }
     void ShowCfgDialog() override;
+    void CfgStored() override { calls << "CfgStored"; }
     QString SelectedKey() override { return selectedKey; }
     std::array<float, 6> ColumnWidths() override { return {1, 2, 3, 4, 5, 6}; }
     int WindowState() override { return windowState; }
