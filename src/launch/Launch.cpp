@@ -317,7 +317,7 @@ bool PrepareWorkDir(uint8_t HardWare, int16_t EmuCode, uint8_t ArcCheckFlag, QSt
     if (ArcCheckFlag != 1) {
         ok = ShellCopy(JituFile, WorkDir + u'/' + GetFileBase(JituFile) + u'.' + ext, 0);
     } else if (IsArcExt(ext)) {
-        ok = ArcMelt(Window().ProgressOwner(), JituFile, WorkDir, QString(), kArcTrue, kArcTrue) == 0;
+        ok = ArcMelt(Window().Owner(), JituFile, WorkDir, QString(), kArcTrue, kArcTrue) == 0;
     }
     if (!ok) {
         CleanWorkDir();

@@ -42,7 +42,7 @@ public:
     void MinimiseMain() override {}
     void RestoreMain() override {}
     void RefreshItemDetail() override {}
-    QObject* ProgressOwner() override { return nullptr; }
+    QObject* Owner() override { return nullptr; }
 };
 
 MainWindowLink* installed = nullptr;

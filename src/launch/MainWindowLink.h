@@ -64,8 +64,8 @@ public:
     virtual void RestoreMain() = 0;
     // The detail pane shown anew at the end of a launch (cleared without a selected row).
     virtual void RefreshItemDetail() = 0;
-    // The owner of the archivers' progress dialog; null for none.
-    virtual QObject* ProgressOwner() = 0;
+    // The owner of the dialogs the core opens (the archivers' progress); null for none.
+    virtual QObject* Owner() = 0;
 };
 
 // The installed window, or one that does nothing (no selection, no tray, no catalogue file

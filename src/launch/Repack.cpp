@@ -149,7 +149,7 @@ int16_t CheckRepack(uint8_t HardWare, uint8_t ArcCheckFlag, uint8_t ReArcCheckFl
         if (answer == MbResYes) {
             bool ok = false;
             if (IsArcExt(GetFileExt(JituFile)))
-                ok = ArcPack(Window().ProgressOwner(), JituFile, WorkDir, kArcTrue) == 0;
+                ok = ArcPack(Window().Owner(), JituFile, WorkDir, kArcTrue) == 0;
             if (!ok)
                 MsgBox(QStringLiteral("再圧縮できませんでした"));
         }

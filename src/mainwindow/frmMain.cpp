@@ -538,7 +538,7 @@ void frmMain::RefreshItemDetail()
         catalogue_->RefreshAfterLaunch(*this);
 }
 
-QObject* frmMain::ProgressOwner()
+QObject* frmMain::Owner()
 {
     return this;
 }

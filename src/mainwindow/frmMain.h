@@ -105,7 +105,7 @@ public:
     void MinimiseMain() override;
     void RestoreMain() override;
     void RefreshItemDetail() override;
-    QObject* ProgressOwner() override;
+    QObject* Owner() override;
 
     // The current family's image directory in txtHardImagePath.
     void ShowFamilyPath();

@@ -26,7 +26,7 @@ public:
     bool hasSelectedItem = false;
     QString statusText;
     int refreshed = 0;
-    QObject* progressOwner = nullptr;
+    QObject* owner = nullptr;
     std::function<void(bool)> onSetEnabled; // what the window does when (dis)abled
 
     void LoadTitle() override { calls << "LoadTitle"; }
@@ -65,7 +65,7 @@ public:
     void MinimiseMain() override { calls << "MinimiseMain"; }
     void RestoreMain() override { calls << "RestoreMain"; }
     void RefreshItemDetail() override;
-    QObject* ProgressOwner() override { return progressOwner; }
+    QObject* Owner() override { return owner; }
 
 private:
     tv::MainWindowLink* previous_ = nullptr;
