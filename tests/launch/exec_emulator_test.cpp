@@ -33,16 +33,10 @@ protected:
         QDir().mkpath(workDir);
         logPath = root.path("emu.log");
         WriteTestEmuConfig(emuDir, {{"log", logPath}, {"exitafter", "50"}});
-        oldCwd = QDir::currentPath();
-        QDir::setCurrent(workDir);
+        QDir::setCurrent(workDir); // the guard of `root` brings the old one back
         Cfg = CfgRecord{};
         Cfg.M88Dir = emuDir;
         ClearInputLog();
-    }
-    void TearDown() override
-    {
-        QDir::setCurrent(oldCwd);
-        Cfg = CfgRecord{};
     }
     LaunchCommand Emu(const QString& exe, const QStringList& args = {})
     {
@@ -67,7 +61,7 @@ protected:
 
     tvtest::GuardedDirs root;
     tvtest::StubWindow window;
-    QString emuDir, workDir, logPath, oldCwd;
+    QString emuDir, workDir, logPath;
 };
 
 } // namespace

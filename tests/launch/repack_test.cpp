@@ -5,6 +5,7 @@
 #include "launch/Repack.h"
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
+#include "support/ProcessState.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/StubWindow.h"
 
@@ -12,6 +13,7 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <optional>
 
 using namespace tv;
 using namespace arctest;
@@ -23,7 +25,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(root.isValid());
-        saved = {WorkDir, EnvTmpDir, EnvTempDir, SystemDir, WindowsDir, SnapDir[0], PeekDir};
+        state.emplace();
         InitTables();
         WorkDir = root.filePath(QStringLiteral("prog/TORVBOOT"));
         EnvTmpDir = EnvTempDir = root.filePath(QStringLiteral("tmpenv"));
@@ -36,17 +38,7 @@ protected:
             ASSERT_TRUE(QDir().mkpath(d));
         QDir::setCurrent(root.path());
     }
-    void TearDown() override
-    {
-        QDir::setCurrent(QDir::tempPath());
-        WorkDir = saved[0];
-        EnvTmpDir = saved[1];
-        EnvTempDir = saved[2];
-        SystemDir = saved[3];
-        WindowsDir = saved[4];
-        SnapDir[0] = saved[5];
-        PeekDir = saved[6];
-    }
+    void TearDown() override { state.reset(); }
     QString W(const QString& n) const { return WorkDir + u'/' + n; }
     static void SetTime(const QString& path, const QDateTime& t)
     {
@@ -102,7 +94,7 @@ protected:
     }
 
     QTemporaryDir root;
-    std::array<QString, 7> saved;
+    std::optional<tvtest::ProcessState> state;
     QString images;
     tvtest::StubWindow window;
     const QDateTime old{QDate(2001, 2, 3), QTime(4, 5, 6)};

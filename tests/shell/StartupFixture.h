@@ -4,6 +4,7 @@
 #include "data/Cfg.h"
 #include "shell/Globals.h"
 #include "shell/Startup.h"
+#include "support/ProcessState.h"
 #include "support/StubWindow.h"
 
 #include <QDir>
@@ -18,6 +19,7 @@ namespace tvtest {
 class StartupTest : public ::testing::Test {
 protected:
     QTemporaryDir root;
+    ProcessState state; // after root: back before the directory goes
     QString app, tmp, temp;
     StubWindow ui; // installed for the whole test
     std::vector<int> sleeps;
@@ -38,12 +40,6 @@ protected:
         tv::HardWare = 255;
         tv::TrayWindowState = 0;
         tv::AppDir.clear();
-    }
-    void TearDown() override
-    {
-        qunsetenv("TMP");
-        qunsetenv("TEMP");
-        QDir::setCurrent(QDir::rootPath());
     }
 
     tv::StartupEnv Env(const QString& programDir = QString())

@@ -14,6 +14,7 @@
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 #include "support/GuardedDirs.h"
+#include "support/ProcessState.h"
 #include "support/StubWindow.h"
 #include "support/TestEmu.h"
 
@@ -87,7 +88,7 @@ protected:
     {
         ResetItemBlock();
         window_.reset();
-        QDir::setCurrent(QCoreApplication::applicationDirPath());
+        saved_.reset();
     }
 
     // Installs the test emulator for a code in its own directory with the given actions.
@@ -202,21 +203,10 @@ protected:
         return out;
     }
 
-    struct Saved {
-        QString tmp = tv::EnvTmpDir, temp = tv::EnvTempDir, win = tv::WindowsDir,
-                sys = tv::SystemDir, app = tv::AppDir, work = tv::WorkDir, peek = tv::PeekDir;
-        uint8_t hw = tv::HardWare;
-        ~Saved()
-        {
-            using namespace tv;
-            EnvTmpDir = tmp, EnvTempDir = temp, WindowsDir = win, SystemDir = sys;
-            AppDir = app, WorkDir = work, PeekDir = peek, HardWare = hw;
-        }
-    };
     QTemporaryDir root_;
     QString r_, log_;
     std::optional<StubWindow> window_; // a row selected unless the test says otherwise
-    std::optional<Saved> saved_;
+    std::optional<ProcessState> saved_;
 };
 
 } // namespace tvtest
