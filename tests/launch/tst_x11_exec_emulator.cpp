@@ -5,6 +5,7 @@
 #include "data/Cfg.h"
 #include "launch/ExecEmulator.h"
 #include "platform/KeySend.h"
+#include "support/ProcessState.h"
 #include "support/StubWindow.h"
 #include "support/TestEmu.h"
 
@@ -14,6 +15,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <QtTest>
+#include <optional>
 
 using namespace tv;
 using namespace tvtest;
@@ -49,7 +51,8 @@ class TstX11ExecEmulator : public QObject {
 
 private:
     QTemporaryDir root;
-    QString emuDir, workDir, logPath, oldCwd;
+    QString emuDir, workDir, logPath;
+    std::optional<tvtest::ProcessState> state;
 
     // Runs one launch; `records` is how many clipboard texts and sequences the launch sends,
     // after which the test presses F12 to end the emulator.
@@ -89,10 +92,10 @@ private slots:
         // The exit after 10 s only keeps a failing run from hanging.
         QVERIFY(WriteTestEmuConfig(emuDir,
                                    {{"log", logPath}, {"exitkey", "F12"}, {"exitafter", "10000"}}));
-        oldCwd = QDir::currentPath();
+        state.emplace();
         QDir::setCurrent(workDir);
     }
-    void cleanupTestCase() { QDir::setCurrent(oldCwd); }
+    void cleanupTestCase() { state.reset(); }
     void init()
     {
         Cfg = CfgRecord{};

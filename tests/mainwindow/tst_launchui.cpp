@@ -12,6 +12,7 @@
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 #include "support/CatalogueBytes.h"
+#include "support/ProcessState.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/TestEmu.h"
 
@@ -23,6 +24,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <optional>
 
 using namespace tv;
 
@@ -31,6 +33,7 @@ class TstLaunchUi : public QObject {
 private:
     QTemporaryDir root;
     QString r;
+    std::optional<tvtest::ProcessState> state;
     frmMain* win = nullptr;
     CatalogueUi* ui = nullptr;
     LaunchUi* launch = nullptr;
@@ -59,6 +62,7 @@ private slots:
     void init()
     {
         QVERIFY(root.isValid());
+        state.emplace();
         r = root.path();
         for (const char* d : {"app/TORVBOOT", "tmp", "images", "snap", "emu"})
             QDir(r).mkpath(d);
@@ -97,7 +101,7 @@ private slots:
     {
         delete win;
         win = nullptr;
-        QDir::setCurrent(QDir::tempPath());
+        state.reset();
         QDir(r).removeRecursively();
     }
 
