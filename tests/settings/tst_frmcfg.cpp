@@ -6,6 +6,7 @@
 #include "shell/Globals.h"
 #include "shell/ValidateCfg.h"
 #include "support/ScriptedMsgBox.h"
+#include "support/ScriptedPickers.h"
 #include "support/StubWindow.h"
 
 #include <QCheckBox>
@@ -193,6 +194,26 @@ private slots:
         b->click();
         QCOMPARE(opened, 1);
         QCOMPARE(d.Ctl<QLineEdit>("txtP88srOp")->text(), QStringLiteral("-x 5"));
+    }
+
+    // The browse buttons ask the pickers: an executable gives its directory, a directory
+    // picker starts at the box's trimmed text, and a cancel leaves the box as it was.
+    void browseButtonsAskThePickers()
+    {
+        tvtest::ScriptedPickers pickers;
+        pickers.file(QStringLiteral("/opt/emu/m88/M88.EXE"));
+        pickers.dir(good);
+        frmCfg d;
+        d.Ctl<QCheckBox>("chkM88Use")->click();
+        d.Ctl<QPushButton>("cmdM88Dir")->click();
+        QCOMPARE(d.Ctl<QLineEdit>("txtM88Dir")->text(), QStringLiteral("/opt/emu/m88"));
+        d.txtImageDir[0]->setText(QStringLiteral(" /start "));
+        d.Ctl<QPushButton>("cmdImageDir(0)")->click();
+        QCOMPARE(d.txtImageDir[0]->text(), good);
+        d.txtImageDir[1]->setText(QStringLiteral("/kept"));
+        d.Ctl<QPushButton>("cmdImageDir(1)")->click();
+        QCOMPARE(d.txtImageDir[1]->text(), QStringLiteral("/kept"));
+        QCOMPARE(pickers.calls, QStringList({"file:1", "dir:/start", "dir:/kept"}));
     }
 
     void okStoresValidatesAndWrites()
