@@ -5,6 +5,7 @@
 #include "data/Cfg.h"
 #include "data/clsLst.h"
 #include "mainwindow/CatalogueUi.h"
+#include "mainwindow/MainMenus.h"
 #include "shell/Globals.h"
 
 #include <QApplication>
@@ -70,7 +71,8 @@ int main(int argc, char** argv)
     for (int n : counts) {
         generate(LstFilePath(0), n);
         QMainWindow win;
-        CatalogueWidgets w = CatalogueUi::BuildStandalone(&win);
+        MainMenus menus;
+        CatalogueWidgets w = CatalogueUi::BuildStandalone(&win, &menus);
         if (qEnvironmentVariableIsSet("BENCH_NOYIELD"))
             w.yield = [] {};
         CatalogueUi ui(w);

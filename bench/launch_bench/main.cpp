@@ -10,6 +10,7 @@
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 #include "support/ScriptedMsgBox.h"
+#include "support/StubWindow.h"
 #include "support/TestEmu.h"
 
 #include <QDir>
@@ -96,7 +97,8 @@ int main(int argc, char** argv)
     for (int f = 0; f < 3; ++f)
         ImageDir[f] = SnapDir[f] = PatSaveDir[f] = r + "/images";
     SnapDir[2] = r + "/snap";
-    launchHooks.hasSelectedItem = [] { return true; };
+    tvtest::StubWindow window; // a title is selected
+    window.hasSelectedItem = true;
     tvtest::ScriptedMsgBox box;
 
     Cfg.Xm7DosDir = r + "/emu11";

@@ -1,5 +1,6 @@
 #include "launch/ExecEmulator.h"
 #include "data/Cfg.h"
+#include "launch/MainWindowLink.h"
 #include "platform/KeySend.h"
 #include "platform/Platform.h"
 #include "shell/SubFunction.h"
@@ -53,8 +54,7 @@ namespace {
 
 void EnableMain(bool on)
 {
-    if (frmMainHooks.setEnabled)
-        frmMainHooks.setEnabled(on);
+    Window().SetMainEnabled(on);
 }
 
 int SendWait()

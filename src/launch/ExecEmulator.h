@@ -14,16 +14,6 @@ class QProcess;
 
 namespace tv {
 
-// What the launch needs of the main window; the window supplies it (the core has no widgets).
-// A hook that is not set is skipped.
-struct FrmMainHooks {
-    std::function<void(bool)> setEnabled;
-    std::function<void()> minimise;
-    // Back to the state before the last minimise, visible, brought to the front.
-    std::function<void()> restore;
-};
-inline FrmMainHooks frmMainHooks;
-
 // The start of a command failed; the launch ends as on any run-time error.
 class EmulatorStartError : public std::runtime_error {
 public:

@@ -11,6 +11,7 @@
 #include "launch/ExecEmulator.h"
 #include "launch/IniFile.h"
 #include "launch/LaunchCommand.h"
+#include "launch/MainWindowLink.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
 #include "shell/Globals.h"
@@ -242,7 +243,7 @@ bool LaunchRoadReady(int EmuCode, const CfgRecord& cfg, QString* why)
 void RunSelectedItem(int16_t EmuCode)
 {
     try {
-        const bool selected = launchHooks.hasSelectedItem && launchHooks.hasSelectedItem();
+        const bool selected = Window().HasSelectedItem();
         if (!selected) {
             RunEmulatorOnly(HardWare, EmuCode);
             return;
@@ -280,10 +281,8 @@ void RunSelectedItem(int16_t EmuCode)
     } catch (const std::exception&) {
         // A run-time error ends the launch silently; what stands in WorkDir stays there until
         // the next CleanWorkDir. The window comes back so that the user isn't left without it.
-        if (frmMainHooks.setEnabled)
-            frmMainHooks.setEnabled(true);
-        if (frmMainHooks.restore)
-            frmMainHooks.restore();
+        Window().SetMainEnabled(true);
+        Window().RestoreMain();
     }
 }
 
@@ -295,8 +294,7 @@ bool PrepareWorkDir(uint8_t HardWare, int16_t EmuCode, uint8_t ArcCheckFlag, QSt
 {
     if (!IsLaunchCode(EmuCode) || HardWare > 2)
         return false;
-    if (launchHooks.setStatusText)
-        launchHooks.setStatusText(kLaunchStatusText);
+    Window().SetStatusText(kLaunchStatusText);
 
     // A registered path that is dead, or a bare name, is looked for in the family's image
     // directory: first as given, then by its bare name (a catalogue moved with its images).
@@ -319,7 +317,7 @@ bool PrepareWorkDir(uint8_t HardWare, int16_t EmuCode, uint8_t ArcCheckFlag, QSt
     if (ArcCheckFlag != 1) {
         ok = ShellCopy(JituFile, WorkDir + u'/' + GetFileBase(JituFile) + u'.' + ext, 0);
     } else if (IsArcExt(ext)) {
-        ok = ArcMelt(MainWindowHandle, JituFile, WorkDir, QString(), kArcTrue, kArcTrue) == 0;
+        ok = ArcMelt(Window().Owner(), JituFile, WorkDir, QString(), kArcTrue, kArcTrue) == 0;
     }
     if (!ok) {
         CleanWorkDir();
@@ -582,12 +580,10 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     lastLaunchTimings.stage2StagingNs = t.nsecsElapsed();
 
     // 12. - 15.
-    if (frmMainHooks.minimise)
-        frmMainHooks.minimise();
+    Window().MinimiseMain();
     ExecEmulator(b.cmd, EmuCode, b.paste1, b.paste2, b.altFlag);
     SleepMs(100);
-    if (frmMainHooks.restore)
-        frmMainHooks.restore();
+    Window().RestoreMain();
     DoEvents();
     t.restart();
 

@@ -22,17 +22,6 @@ inline const QString kJoinErrorText = QStringLiteral("D88の結合に失敗し�
 inline const QString kLaunchStatusText = QStringLiteral("Emulator起動中．．");
 inline const QString kFmPanFile = QStringLiteral("FMPAN.D88");
 
-// What the launch needs of the main window besides the hooks of ExecEmulator (enable,
-// minimise, restore) and of stage 3 (the detail refresh). A hook that is not set is skipped;
-// without `hasSelectedItem` nothing counts as selected.
-struct LaunchHooks {
-    // The selected item of lstD88 is selected.
-    std::function<bool()> hasSelectedItem;
-    // The first panel of stbMain.
-    std::function<void(const QString&)> setStatusText;
-};
-inline LaunchHooks launchHooks;
-
 // The generated configuration text of an emulator, made from the option block that DefOpt
 // chooses. Each adapter sets its maker; a road that needs a missing maker stays closed.
 struct OptionMakers {

@@ -1,6 +1,7 @@
 #include "launch/Repack.h"
 
 #include "launch/Archive.h"
+#include "launch/MainWindowLink.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
 #include "shell/Globals.h"
@@ -103,8 +104,7 @@ int16_t CheckRepack(uint8_t HardWare, uint8_t ArcCheckFlag, uint8_t ReArcCheckFl
             EnsureGone(InWork(f));
         }
         CleanWorkDir();
-        if (RefreshItemDetail)
-            RefreshItemDetail();
+        Window().RefreshItemDetail();
         return -1;
     }
 
@@ -149,14 +149,13 @@ int16_t CheckRepack(uint8_t HardWare, uint8_t ArcCheckFlag, uint8_t ReArcCheckFl
         if (answer == MbResYes) {
             bool ok = false;
             if (IsArcExt(GetFileExt(JituFile)))
-                ok = ArcPack(MainWindowHandle, JituFile, WorkDir, kArcTrue) == 0;
+                ok = ArcPack(Window().Owner(), JituFile, WorkDir, kArcTrue) == 0;
             if (!ok)
                 MsgBox(QStringLiteral("再圧縮できませんでした"));
         }
     }
     CleanWorkDir();
-    if (RefreshItemDetail)
-        RefreshItemDetail();
+    Window().RefreshItemDetail();
     return -1;
 }
 

@@ -17,11 +17,6 @@ struct FileListRow {
 };
 using FileList = std::vector<FileListRow>;
 
-// The main window as the owner of the archivers' progress, and the refresh of its detail pane
-// at the end of a launch (ShowItemDetail); both set by the main window.
-inline QObject* MainWindowHandle = nullptr;
-inline std::function<void()> RefreshItemDetail;
-
 // The date-and-time of a file as text ("" when it isn't there). Stage 1 and stage 3 both use
 // it, so the same file time gives the same text; milliseconds are kept, so a rewrite within
 // the same second is seen as a change.

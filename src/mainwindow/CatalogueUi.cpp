@@ -1,8 +1,11 @@
 #include "mainwindow/CatalogueUi.h"
 
+#include "mainwindow/MainMenus.h"
+
 #include "data/Cfg.h"
 #include "data/ItemDetail.h"
 #include "data/clsLst.h"
+#include "launch/MainWindowLink.h"
 #include "platform/MsgBox.h"
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
@@ -17,7 +20,6 @@
 #include <QKeyEvent>
 #include <QMainWindow>
 #include <QMenu>
-#include <QMenuBar>
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
@@ -39,16 +41,6 @@ double twipsPerPixel(const QWidget* w)
     const QScreen* s = w && w->screen() ? w->screen() : QGuiApplication::primaryScreen();
     const double dpi = s ? s->logicalDotsPerInchX() : 96.0;
     return dpi > 0 ? 1440.0 / dpi : 15.0;
-}
-
-// Sort menu families by their ascending key.
-const char* const kSortMenus[] = {"SortRegistRun", "SortTitleRun", "SortGenreRun", "SortMakerRun",
-                                  "SortCol1Run",   "SortCol2Run",  "SortSaleRun"};
-
-QString sortEntryName(const char* prefix, int key)
-{
-    return QString::fromLatin1(prefix) + QString::fromLatin1(kSortMenus[key / 2]) +
-           QStringLiteral("(%1)").arg(key);
 }
 
 } // namespace
@@ -101,6 +93,17 @@ QAction* CatalogueUi::mnuPop(const QString& name) const
 {
     auto it = popActions_.find(name);
     return it == popActions_.end() ? nullptr : it->second;
+}
+
+QAction* CatalogueUi::mainRunEntry(int entry) const
+{
+    return w_.menus && entry >= 1 && entry <= 9 ? w_.menus->runEntry(entry) : nullptr;
+}
+
+QAction* CatalogueUi::mainSortEntry(int key) const
+{
+    return w_.menus && key >= 0 && key <= kMaxSortKey ? w_.menus->mnuViewSortRun[size_t(key)]
+                                                      : nullptr;
 }
 
 QPushButton* CatalogueUi::cmdEmuRun(int emuCode) const
@@ -258,18 +261,16 @@ void CatalogueUi::buildPopup()
     QMenu* sort = mnuPop_->addMenu(QStringLiteral("並べ替え(&S)"));
     sort->setObjectName(QStringLiteral("mnuPopSort"));
     popActions_[QStringLiteral("mnuPopSort")] = sort->menuAction();
-    const char* captions[] = {"登録順(&R)",   "Title(&T)",    "Genre(&G)",    "Maker(&M)",
-                              "Column 1(&1)", "Column 2(&2)", "Sale Date(&S)"};
-    for (int k = 0; k < 7; ++k) {
-        QMenu* m = sort->addMenu(QString::fromUtf8(captions[k]));
-        const QString base = QStringLiteral("mnuPop") + QString::fromLatin1(kSortMenus[k]);
-        m->setObjectName(base.left(base.size() - 3)); // "mnuPopSortCol1" etc.
+    for (int k = 0; k < int(kSortFamilies.size()); ++k) {
+        QMenu* m = sort->addMenu(QString::fromUtf8(kSortFamilies[size_t(k)].caption));
+        m->setObjectName(QStringLiteral("mnuPopSort") +
+                         QString::fromLatin1(kSortFamilies[size_t(k)].name));
         popActions_[m->objectName()] = m->menuAction();
         for (int d = 0; d < 2; ++d) {
             const int key = 2 * k + d;
             QAction* a =
                 m->addAction(d == 0 ? QStringLiteral("昇順(&A)") : QStringLiteral("降順(&D)"));
-            a->setObjectName(sortEntryName("mnuPop", key));
+            a->setObjectName(SortEntryName(QStringLiteral("mnuPop"), key));
             a->setCheckable(true);
             connect(a, &QAction::triggered, this, [this, key] { mnuViewSortRun_Click(key); });
             popActions_[a->objectName()] = a;
@@ -318,44 +319,36 @@ bool CatalogueUi::eventFilter(QObject* watched, QEvent* event)
 
 void CatalogueUi::connectMenus()
 {
-    if (!w_.menu)
+    const MainMenus* m = w_.menus;
+    if (!m)
         return;
-    for (int key = 0; key <= kMaxSortKey; ++key)
-        if (QAction* a = w_.menu(sortEntryName("mnuView", key))) {
-            a->setCheckable(true);
-            a->setEnabled(true);
-            connect(a, &QAction::triggered, this, [this, key] { mnuViewSortRun_Click(key); });
-        }
-    if (QAction* a = w_.menu(QStringLiteral("mnuViewGrid"))) {
+    for (int key = 0; key <= kMaxSortKey; ++key) {
+        QAction* a = m->mnuViewSortRun[size_t(key)];
         a->setCheckable(true);
         a->setEnabled(true);
-        connect(a, &QAction::triggered, this, [this] { mnuViewGrid_Click(); });
+        connect(a, &QAction::triggered, this, [this, key] { mnuViewSortRun_Click(key); });
     }
-    if (QAction* a = w_.menu(QStringLiteral("mnuViewScrCom"))) {
-        a->setCheckable(true);
-        a->setEnabled(true);
-        connect(a, &QAction::triggered, this, [this] { mnuViewScrCom_Click(); });
-    }
-    if (QAction* a = w_.menu(QStringLiteral("munViewColumnClear"))) {
-        a->setEnabled(true);
-        connect(a, &QAction::triggered, this, [this] { munViewColumnClear_Click(); });
-    }
-    if (QAction* a = w_.menu(QStringLiteral("mnuEditNoSelect"))) {
-        a->setEnabled(true);
-        connect(a, &QAction::triggered, this, [this] {
-            if (HardWare <= 2)
-                cmdNoSelect_[HardWare]->click();
-        });
-    }
+    m->mnuViewGrid->setCheckable(true);
+    m->mnuViewGrid->setEnabled(true);
+    connect(m->mnuViewGrid, &QAction::triggered, this, [this] { mnuViewGrid_Click(); });
+    m->mnuViewScrCom->setCheckable(true);
+    m->mnuViewScrCom->setEnabled(true);
+    connect(m->mnuViewScrCom, &QAction::triggered, this, [this] { mnuViewScrCom_Click(); });
+    m->munViewColumnClear->setEnabled(true);
+    connect(m->munViewColumnClear, &QAction::triggered, this,
+            [this] { munViewColumnClear_Click(); });
+    m->mnuEditNoSelect->setEnabled(true);
+    connect(m->mnuEditNoSelect, &QAction::triggered, this, [this] {
+        if (HardWare <= 2)
+            cmdNoSelect_[HardWare]->click();
+    });
     for (int i = 1; i <= 9; ++i)
-        if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(i)))
-            connect(a, &QAction::triggered, this,
-                    [this, i] { emit emuRunRequested(i + 10 * HardWare); });
-    if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunMan")))
-        connect(a, &QAction::triggered, this, [this] {
-            if (HardWare <= 2 && cmdManFile_[HardWare]->isEnabled())
-                cmdManFile_[HardWare]->click();
-        });
+        connect(m->runEntry(i), &QAction::triggered, this,
+                [this, i] { emit emuRunRequested(i + 10 * HardWare); });
+    connect(m->mnuEmuRunMan, &QAction::triggered, this, [this] {
+        if (HardWare <= 2 && cmdManFile_[HardWare]->isEnabled())
+            cmdManFile_[HardWare]->click();
+    });
 }
 
 // --- Family and list --------------------------------------------------------------------
@@ -373,9 +366,8 @@ void CatalogueUi::FamilyChanged(int family)
     }
     for (int i = 1; i <= 9; ++i) {
         const QString caption = EmuRunCaption(family, i);
-        if (w_.menu)
-            if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(i)))
-                a->setText(caption);
+        if (QAction* a = mainRunEntry(i))
+            a->setText(caption);
         if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(i)))
             a->setText(caption);
     }
@@ -414,10 +406,10 @@ void CatalogueUi::LoadList()
         if (count != 0 && count != total && since.elapsed() < 30)
             return;
         since.restart();
-        if (splash && w_.splashCount)
-            w_.splashCount(QString::number(count), QStringLiteral("件 ／ ") +
-                                                       QString::number(total) +
-                                                       QStringLiteral(" 件"));
+        if (splash)
+            Window().SetTitleCount(QString::number(count), QStringLiteral("件 ／ ") +
+                                                               QString::number(total) +
+                                                               QStringLiteral(" 件"));
         else
             setStatus(ListCountText(count, total));
         yield();
@@ -427,16 +419,14 @@ void CatalogueUi::LoadList()
 
     if (out.status == LoadListStatus::BadFamily) {
         MsgBox(QStringLiteral("Lstが不正です。起動できません\nご連絡下さい"), MbExclamation);
-        if (w_.startFail)
-            w_.startFail();
+        Window().FailStart();
         return;
     }
     if (out.status == LoadListStatus::BadVersion) {
         MsgBox(QStringLiteral(
                    "TORVANE.LSTのVersionが違います\nRECASTnn.EXEにてコンバートしてください"),
                MbExclamation);
-        if (w_.startFail)
-            w_.startFail();
+        Window().FailStart();
         return;
     }
     if (out.status == LoadListStatus::Created) {
@@ -450,9 +440,8 @@ void CatalogueUi::LoadList()
     } else {
         ClearItemDetail();
     }
-    if (w_.menu)
-        if (QAction* a = w_.menu(QStringLiteral("mnuViewSort")))
-            a->setEnabled(true);
+    if (w_.menus)
+        w_.menus->mnuViewSort->menuAction()->setEnabled(true);
     if (Cfg.SortKey == 0) {
         SetSortCheck(0);
     } else {
@@ -474,10 +463,9 @@ void CatalogueUi::LoadList()
 void CatalogueUi::ClearSortCheck()
 {
     const int key = Cfg.SortKey;
-    if (w_.menu)
-        if (QAction* a = w_.menu(sortEntryName("mnuView", key)))
-            a->setChecked(false);
-    if (QAction* a = mnuPop(sortEntryName("mnuPop", key)))
+    if (QAction* a = mainSortEntry(key))
+        a->setChecked(false);
+    if (QAction* a = mnuPop(SortEntryName(QStringLiteral("mnuPop"), key)))
         a->setChecked(false);
 }
 
@@ -485,10 +473,9 @@ void CatalogueUi::SetSortCheck(int key)
 {
     // Exactly one entry of each menu carries the tick.
     for (int k = 0; k <= kMaxSortKey; ++k) {
-        if (w_.menu)
-            if (QAction* a = w_.menu(sortEntryName("mnuView", k)))
-                a->setChecked(k == key);
-        if (QAction* a = mnuPop(sortEntryName("mnuPop", k)))
+        if (QAction* a = mainSortEntry(k))
+            a->setChecked(k == key);
+        if (QAction* a = mnuPop(SortEntryName(QStringLiteral("mnuPop"), k)))
             a->setChecked(k == key);
     }
     auto* h = w_.lstD88->horizontalHeader();
@@ -541,9 +528,8 @@ void CatalogueUi::mnuViewSortRun_Click(int key)
 void CatalogueUi::mnuViewGrid_Click()
 {
     Cfg.ViewGrid = Cfg.ViewGrid == 1 ? 0 : 1;
-    if (w_.menu)
-        if (QAction* a = w_.menu(QStringLiteral("mnuViewGrid")))
-            a->setChecked(Cfg.ViewGrid == 1);
+    if (w_.menus)
+        w_.menus->mnuViewGrid->setChecked(Cfg.ViewGrid == 1);
     w_.lstD88->setShowGrid(Cfg.ViewGrid == 1);
     SaveCfg();
 }
@@ -552,9 +538,8 @@ void CatalogueUi::mnuViewScrCom_Click()
 {
     Cfg.ViewScrCom = Cfg.ViewScrCom == 1 ? 0 : 1;
     const bool on = Cfg.ViewScrCom == 1;
-    if (w_.menu)
-        if (QAction* a = w_.menu(QStringLiteral("mnuViewScrCom")))
-            a->setChecked(on);
+    if (w_.menus)
+        w_.menus->mnuViewScrCom->setChecked(on);
     if (w_.fraScrCom)
         w_.fraScrCom->setVisible(on);
     if (on)
@@ -587,11 +572,10 @@ void CatalogueUi::PutFreeColName()
     const QString c2 = VbTrim(Cfg.FreeColName2);
     model_->setColumnCaption(3, c1);
     model_->setColumnCaption(4, c2);
-    for (const auto& [name, text] : {std::pair{QStringLiteral("mnuViewSortCol1"), c1},
-                                     {QStringLiteral("mnuViewSortCol2"), c2}})
-        if (w_.menu)
-            if (QAction* a = w_.menu(name))
-                a->setText(text);
+    if (w_.menus) {
+        w_.menus->mnuViewSortFamily[4]->menuAction()->setText(c1);
+        w_.menus->mnuViewSortFamily[5]->menuAction()->setText(c2);
+    }
     if (QAction* a = mnuPop(QStringLiteral("mnuPopSortCol1")))
         a->setText(c1);
     if (QAction* a = mnuPop(QStringLiteral("mnuPopSortCol2")))
@@ -620,11 +604,9 @@ void CatalogueUi::ApplyCfg()
     }
     if (w_.fraScrCom)
         w_.fraScrCom->setVisible(Cfg.ViewScrCom == 1);
-    if (w_.menu) {
-        if (QAction* a = w_.menu(QStringLiteral("mnuViewScrCom")))
-            a->setChecked(Cfg.ViewScrCom == 1);
-        if (QAction* a = w_.menu(QStringLiteral("mnuViewGrid")))
-            a->setChecked(Cfg.ViewGrid == 1);
+    if (w_.menus) {
+        w_.menus->mnuViewScrCom->setChecked(Cfg.ViewScrCom == 1);
+        w_.menus->mnuViewGrid->setChecked(Cfg.ViewGrid == 1);
     }
     w_.lstD88->setShowGrid(Cfg.ViewGrid == 1);
     // A selected row is shown anew under the changed configuration (directories, use flags);
@@ -694,9 +676,8 @@ void CatalogueUi::setEmuEnabled(int emuCode, bool on)
     if (QPushButton* b = cmdEmuRun(emuCode))
         b->setEnabled(on);
     const int entry = emuCode - 10 * FamilyOfEmuCode(emuCode);
-    if (w_.menu)
-        if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(entry)))
-            a->setEnabled(on);
+    if (QAction* a = mainRunEntry(entry))
+        a->setEnabled(on);
     if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(entry)))
         a->setEnabled(on);
 }
@@ -718,15 +699,13 @@ void CatalogueUi::ShowItemDetail()
 
     if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRun")))
         a->setEnabled(true);
-    if (w_.menu)
-        if (QAction* a = w_.menu(QStringLiteral("mnuEmuRun")))
-            a->setEnabled(true);
+    if (w_.menus)
+        w_.menus->mnuEmuRun->menuAction()->setEnabled(true);
 
     // Everything off, then exactly the emulators that can take the start file.
     for (int entry = 1; entry <= 9; ++entry) {
-        if (w_.menu)
-            if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(entry)))
-                a->setEnabled(false);
+        if (QAction* a = mainRunEntry(entry))
+            a->setEnabled(false);
         if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(entry)))
             a->setEnabled(false);
     }
@@ -764,9 +743,8 @@ void CatalogueUi::ShowItemDetail()
 
     const bool man = !LstObj.GetManFile().isEmpty();
     cmdManFile_[size_t(fam)]->setEnabled(man);
-    if (w_.menu)
-        if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunMan")))
-            a->setEnabled(man);
+    if (w_.menus)
+        w_.menus->mnuEmuRunMan->setEnabled(man);
     if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunMan")))
         a->setEnabled(man);
 
@@ -788,9 +766,8 @@ void CatalogueUi::ClearItemDetail()
     for (int fam = 0; fam < 3; ++fam)
         if (cmdManFile_[size_t(fam)])
             cmdManFile_[size_t(fam)]->setEnabled(false);
-    if (w_.menu)
-        if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunMan")))
-            a->setEnabled(false);
+    if (w_.menus)
+        w_.menus->mnuEmuRunMan->setEnabled(false);
     if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunMan")))
         a->setEnabled(false);
     for (auto& [code, b] : cmdEmuRun_)
@@ -800,9 +777,8 @@ void CatalogueUi::ClearItemDetail()
             a->setEnabled(false);
     if (HardWare <= 2) {
         for (int entry = 1; entry <= 9; ++entry)
-            if (w_.menu)
-                if (QAction* a = w_.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(entry)))
-                    a->setEnabled(false);
+            if (QAction* a = mainRunEntry(entry))
+                a->setEnabled(false);
         // With nothing selected an emulator in use starts bare.
         for (int code : FamilyEmuCodes(HardWare))
             setEmuEnabled(code, EmuInUse(code));
@@ -845,47 +821,13 @@ void CatalogueUi::lblP88SaveData_Click(int index)
 
 // --- A bare main window ------------------------------------------------------------------
 
-CatalogueWidgets CatalogueUi::BuildStandalone(QMainWindow* window)
+CatalogueWidgets CatalogueUi::BuildStandalone(QMainWindow* window, MainMenus* menus)
 {
     CatalogueWidgets w;
     w.window = window;
-    auto* actions = new std::map<QString, QAction*>();
-    window->setProperty("catalogueActions", QVariant::fromValue<void*>(actions));
-    QObject::connect(window, &QObject::destroyed, [actions] { delete actions; });
-    auto add = [actions](QMenu* m, const QString& name, const QString& caption) {
-        QAction* a = m->addAction(caption);
-        a->setObjectName(name);
-        (*actions)[name] = a;
-        return a;
-    };
-    QMenu* view = window->menuBar()->addMenu(QStringLiteral("表示(&V)"));
-    view->setObjectName(QStringLiteral("mnuView"));
-    QMenu* sort = view->addMenu(QStringLiteral("並べ替え(&S)"));
-    sort->setObjectName(QStringLiteral("mnuViewSort"));
-    (*actions)[QStringLiteral("mnuViewSort")] = sort->menuAction();
-    const char* captions[] = {"登録順(&R)",   "Title(&T)",    "Genre(&G)",    "Maker(&M)",
-                              "Column 1(&1)", "Column 2(&2)", "Sale Date(&S)"};
-    for (int k = 0; k < 7; ++k) {
-        QMenu* m = sort->addMenu(QString::fromUtf8(captions[k]));
-        const QString base = QStringLiteral("mnuView") + QString::fromLatin1(kSortMenus[k]);
-        m->setObjectName(base.left(base.size() - 3));
-        (*actions)[m->objectName()] = m->menuAction();
-        add(m, sortEntryName("mnuView", 2 * k), QStringLiteral("昇順(&A)"));
-        add(m, sortEntryName("mnuView", 2 * k + 1), QStringLiteral("降順(&D)"));
-    }
-    add(view, QStringLiteral("mnuViewScrCom"), QStringLiteral("ScreenShot・コメント表示(&C)"));
-    add(view, QStringLiteral("mnuViewGrid"), QStringLiteral("グリッド線表示(&G)"));
-    add(view, QStringLiteral("munViewColumnClear"), QStringLiteral("カラム幅初期化(&W)"));
-    QMenu* run = window->menuBar()->addMenu(QStringLiteral("起動(&R)"));
-    run->setObjectName(QStringLiteral("mnuEmuRun"));
-    (*actions)[QStringLiteral("mnuEmuRun")] = run->menuAction();
-    for (int i = 1; i <= 9; ++i)
-        add(run, QStringLiteral("mnuEmuRunEach(%1)").arg(i), QStringLiteral("-----"));
-    add(run, QStringLiteral("mnuEmuRunMan"), QStringLiteral("マニュアル(&N)"));
-    w.menu = [actions](const QString& name) -> QAction* {
-        auto it = actions->find(name);
-        return it == actions->end() ? nullptr : it->second;
-    };
+    // The same menus as the main window's, built by the same function.
+    *menus = BuildMainMenus(window);
+    w.menus = menus;
 
     auto* central = new QWidget(window);
     auto* v = new QVBoxLayout(central);

@@ -2,6 +2,7 @@
 // The catalogue on the main window: the title list lstD88 with its sorts and views, the
 // footers fraFotter of the three families, and the detail pane. It works on controls that the
 // main window owns and adds what belongs to it (footer buttons, save-state labels, popup menu).
+// The splash counters and a start that fails go to the window link.
 #include "data/TitleListModel.h"
 
 #include <QColor>
@@ -24,6 +25,8 @@ class QTextEdit;
 
 namespace tv {
 
+struct MainMenus;
+
 // A label that reports clicks: the P88SR save-state labels choose a state by colour.
 class ClickLabel : public QLabel {
     Q_OBJECT
@@ -44,12 +47,8 @@ struct CatalogueWidgets {
     QTextEdit* txtSyosai = nullptr;
     std::array<QFrame*, 3> fraFotter{};
     QStatusBar* statusBar = nullptr;
-    // Menu entries by name ("mnuViewSortTitleRun(2)", "mnuEmuRunEach(1)"); null when absent.
-    std::function<QAction*(const QString&)> menu;
-    // The splash counters lblLstKen and lblLstCap while TitleClosed is 0.
-    std::function<void(const QString& ken, const QString& cap)> splashCount;
-    // StartFail; the process ends after it.
-    std::function<void()> startFail;
+    // The main window's menus; null for none.
+    const MainMenus* menus = nullptr;
     // Serves pending events (the yield of the fill); empty means processEvents.
     std::function<void()> yield;
 };
@@ -59,12 +58,13 @@ class CatalogueUi : public QObject {
 public:
     explicit CatalogueUi(const CatalogueWidgets& w, QObject* parent = nullptr);
 
-    // Builds a bare main window with the controls and menus the catalogue needs, for use
-    // before the real main window exists and in tests.
-    static CatalogueWidgets BuildStandalone(QMainWindow* window);
+    // Builds a bare main window with the controls the catalogue needs and the main window's
+    // menus (into `menus`, which outlives the catalogue), for tests and benchmarks.
+    static CatalogueWidgets BuildStandalone(QMainWindow* window, MainMenus* menus);
 
     TitleListModel* model() const { return model_; }
     QMenu* popupMenu() const { return mnuPop_; }
+    const MainMenus* menus() const { return w_.menus; }
     QLabel* statusPanel1() const { return stbPanel1_; }
     QPushButton* cmdEmuRun(int emuCode) const;
     QCheckBox* chkDefOpt(int family) const { return chkDefOpt_[size_t(family)]; }
@@ -88,8 +88,8 @@ public:
     void ClearSortCheck();
     void SetSortCheck(int key);
     void PutFreeColName();
-    // Start-up step 13, and again after a settings dialog stored the configuration: what it
-    // sets on the list, the footers and the pane; a selected row is shown anew.
+    // The configuration onto the window, at start-up and again after a settings dialog stored
+    // it: what it sets on the list, the footers and the pane; a selected row is shown anew.
     void ApplyCfg();
     void lstD88_ColumnClick(int column);
     void mnuViewSortRun_Click(int key);
@@ -124,6 +124,8 @@ private:
     void buildPopup();
     void connectMenus();
     void setEmuEnabled(int emuCode, bool on);
+    QAction* mainRunEntry(int entry) const; // null without menus
+    QAction* mainSortEntry(int key) const;  // null without menus or for a key out of range
     void setCaption();
     void setStatus(const QString& text);
     void showPicture(const QImage& img);

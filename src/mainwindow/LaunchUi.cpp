@@ -2,58 +2,24 @@
 
 #include "data/ItemDetail.h"
 #include "data/clsLst.h"
-#include "launch/Archive.h"
-#include "launch/ExecEmulator.h"
 #include "launch/Launch.h"
-#include "launch/Repack.h"
 #include "mainwindow/CatalogueUi.h"
+#include "mainwindow/MainMenus.h"
 #include "shell/Globals.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QLabel>
-#include <QMainWindow>
 #include <QPushButton>
 #include <QTableView>
 
 namespace tv {
 
-LaunchUi::LaunchUi(CatalogueUi* catalogue, QMainWindow* window, QTableView* lstD88, QObject* parent)
-    : QObject(parent), catalogue_(catalogue), window_(window), lstD88_(lstD88)
+LaunchUi::LaunchUi(CatalogueUi* catalogue, QTableView* lstD88, QObject* parent)
+    : QObject(parent), catalogue_(catalogue), lstD88_(lstD88)
 {
     connect(catalogue_, &CatalogueUi::emuRunRequested, this, &LaunchUi::cmdEmuRun_Click);
-
-    launchHooks.hasSelectedItem = [this] { return hasSelection(); };
-    launchHooks.setStatusText = [this](const QString& text) {
-        if (QLabel* l = catalogue_->statusPanel1())
-            l->setText(text);
-    };
-    frmMainHooks.setEnabled = [this](bool on) { window_->setEnabled(on); };
-    frmMainHooks.minimise = [this] {
-        // A window on screen holds the state it is to come back to (as Form_Resize keeps it);
-        // one that waits minimised or in the tray keeps the state it had before that.
-        if (window_->isVisible() && !window_->isMinimized())
-            TrayWindowState = window_->isMaximized() ? 2 : 0;
-        window_->setWindowState(window_->windowState() | Qt::WindowMinimized);
-    };
-    frmMainHooks.restore = [this] {
-        // Back to the state before the window was last minimised; the minimise may have
-        // hidden it into the tray.
-        window_->setWindowState(TrayWindowState == 2 ? Qt::WindowMaximized : Qt::WindowNoState);
-        window_->show();
-        QApplication::processEvents();
-        window_->raise();
-        window_->activateWindow();
-    };
-    MainWindowHandle = window_;
-    RefreshItemDetail = [this] {
-        if (hasSelection())
-            catalogue_->ShowItemDetail();
-        else
-            catalogue_->ClearItemDetail();
-    };
 
     if (lstD88_) {
         lstD88_->installEventFilter(this);
@@ -69,22 +35,14 @@ LaunchUi::LaunchUi(CatalogueUi* catalogue, QMainWindow* window, QTableView* lstD
         const QString name = QStringLiteral("mnuPopEmuRunEach(%1)").arg(entry);
         if (QAction* a = catalogue_->mnuPop(name))
             connect(a, &QAction::changed, this, [this, entry, a] { gateAction(entry, a); });
-        // The main menu's entries live on the window, found by their object names.
-        const auto actions =
-            window_->findChildren<QAction*>(QStringLiteral("mnuEmuRunEach(%1)").arg(entry));
-        for (QAction* m : actions)
+        if (const MainMenus* menus = catalogue_->menus()) {
+            QAction* m = menus->runEntry(entry);
             connect(m, &QAction::changed, this, [this, entry, m] { gateAction(entry, m); });
+        }
     }
 }
 
-LaunchUi::~LaunchUi()
-{
-    launchHooks = {};
-    frmMainHooks = {};
-    if (MainWindowHandle == window_)
-        MainWindowHandle = nullptr;
-    RefreshItemDetail = nullptr;
-}
+LaunchUi::~LaunchUi() = default;
 
 bool LaunchUi::hasSelection() const
 {

@@ -1,13 +1,13 @@
 #pragma once
 // The launch on the main window: the emulator buttons, their menu entries and Enter (or a
-// double-click, when so set) in lstD88 start RunSelectedItem; the window lends the launch
-// what it needs of it (selection, status text, minimise, disable, restore, detail refresh).
+// double-click, when so set) in lstD88 start RunSelectedItem. What the launch needs of the
+// window (selection, status text, minimise, disable, restore, detail refresh) it asks of the
+// window link, which frmMain implements.
 // A button whose road can't run yet stays disabled, with a tooltip that says why.
 #include <QObject>
 #include <QString>
 
 class QAction;
-class QMainWindow;
 class QPushButton;
 class QTableView;
 
@@ -18,8 +18,7 @@ class CatalogueUi;
 class LaunchUi : public QObject {
     Q_OBJECT
 public:
-    LaunchUi(CatalogueUi* catalogue, QMainWindow* window, QTableView* lstD88,
-             QObject* parent = nullptr);
+    LaunchUi(CatalogueUi* catalogue, QTableView* lstD88, QObject* parent = nullptr);
     ~LaunchUi() override;
 
     // cmdEmuRun_Click and its menu entries.
@@ -39,7 +38,6 @@ private:
     bool hasSelection() const;
 
     CatalogueUi* catalogue_;
-    QMainWindow* window_;
     QTableView* lstD88_;
     bool gating_ = false;
 };

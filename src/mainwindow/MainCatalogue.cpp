@@ -4,6 +4,7 @@
 #include "data/clsLst.h"
 #include "mainwindow/CatalogueUi.h"
 #include "mainwindow/LaunchUi.h"
+#include "mainwindow/frmMain.h"
 #include "shell/Globals.h"
 
 #include <QLabel>
@@ -24,22 +25,10 @@ CatalogueUi* MainCatalogue::ensureUi(frmMain& w)
     cw.txtSyosai = w.txtSyosai;
     cw.fraFotter = w.fraFotter;
     cw.statusBar = w.statusBar();
-    frmMain* win = &w;
-    cw.menu = [win](const QString& name) { return win->Menu(name); };
-    cw.splashCount = [win](const QString& ken, const QString& cap) {
-        if (frmTitle* t = win->Title()) {
-            t->lblLstKen->setText(ken);
-            t->lblLstCap->setText(cap);
-        }
-    };
-    cw.startFail = [win] {
-        if (Startup* s = win->StartupState())
-            s->StartFail();
-        std::exit(1);
-    };
+    cw.menus = &w.menus;
     ui_ = new CatalogueUi(cw, &w);
     // The emulator buttons, their menus and Enter on the list start the launch.
-    new LaunchUi(ui_, &w, w.lstD88, &w);
+    launch_ = new LaunchUi(ui_, w.lstD88, &w);
     return ui_;
 }
 
@@ -76,9 +65,31 @@ void MainCatalogue::RefreshDetail(frmMain& w)
     ensureUi(w)->ShowItemDetail(); // nothing without a selected row
 }
 
+// The launch's calls find the catalogue's controls made already; before that they do nothing.
+void MainCatalogue::RefreshAfterLaunch(frmMain&)
+{
+    if (!ui_)
+        return;
+    if (ui_->selectedRow() >= 0)
+        ui_->ShowItemDetail();
+    else
+        ui_->ClearItemDetail();
+}
+
 QString MainCatalogue::SelectedKey(frmMain& w)
 {
     return ensureUi(w)->SelectedKey();
+}
+
+bool MainCatalogue::HasSelectedItem(frmMain&)
+{
+    return ui_ && ui_->selectedRow() >= 0;
+}
+
+void MainCatalogue::SetStatusText(frmMain&, const QString& text)
+{
+    if (QLabel* l = ui_ ? ui_->statusPanel1() : nullptr)
+        l->setText(text);
 }
 
 } // namespace tv

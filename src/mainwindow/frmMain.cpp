@@ -3,6 +3,7 @@
 #include "shell/Help.h"
 
 #include "data/Cfg.h"
+#include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmTitle.h"
 #include "settings/frmAbout.h"
 #include "settings/frmCfg.h"
@@ -22,7 +23,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
-#include <QMenuBar>
 #include <QPainter>
 #include <QScreen>
 #include <QSplitter>
@@ -34,6 +34,7 @@
 #include <QTextEdit>
 #include <QVBoxLayout>
 #include <QVersionNumber>
+#include <cstdlib>
 
 namespace tv {
 
@@ -64,130 +65,50 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent)
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("TORVANE"));
     setWindowIcon(style()->standardIcon(QStyle::SP_ComputerIcon));
-    BuildMenus();
+    menus = BuildMainMenus(this);
+    ConnectMenus();
     BuildControls();
     resize(kDesignWidth, kDesignHeight);
     showCfgDialog = [](frmMain& w) {
         frmCfg dlg(&w);
-        dlg.onStored = [&w] { w.CfgStored(); };
         dlg.exec();
     };
+    previousLink_ = InstallWindow(this);
 }
 
 frmMain::~frmMain()
 {
+    // Only the one installed goes; a window installed over it meanwhile stays.
+    if (InstalledWindow() == this)
+        InstallWindow(previousLink_);
     if (title_)
         delete title_.data();
 }
 
-QAction* frmMain::Menu(const QString& name) const
+void frmMain::SetCatalogue(std::unique_ptr<MainCatalogue> c)
 {
-    auto it = menus_.find(name);
-    return it == menus_.end() ? nullptr : it->second;
+    catalogue_ = std::move(c);
 }
 
-void frmMain::BuildMenus()
+void frmMain::ConnectMenus()
 {
-    auto add = [this](QMenu* m, const QString& name, const QString& caption, bool enabled,
-                      bool checkable = false) {
-        QAction* a = m->addAction(caption);
-        a->setObjectName(name);
-        a->setEnabled(enabled);
-        a->setCheckable(checkable);
-        menus_[name] = a;
-        return a;
-    };
-    auto sub = [this](QMenu* parent, const QString& name, const QString& caption) {
-        QMenu* m = parent ? parent->addMenu(caption) : menuBar()->addMenu(caption);
-        m->setObjectName(name);
-        menus_[name] = m->menuAction();
-        return m;
-    };
-
-    // Entries whose dialogs or commands come with the catalogue, the registration and the
-    // launch are created disabled; those parts enable and connect them.
-    QMenu* file = sub(nullptr, QStringLiteral("mnuFile"), QStringLiteral("ファイル(&F)"));
-    connect(add(file, QStringLiteral("mnuFileEnd"), QStringLiteral("終了(&X)"), true),
-            &QAction::triggered, this, &QWidget::close);
-
-    QMenu* edit = sub(nullptr, QStringLiteral("mnuEdit"), QStringLiteral("編集(&E)"));
-    add(edit, QStringLiteral("mnuEditAddItem"), QStringLiteral("アイテム追加(&A)..."), false);
-    add(edit, QStringLiteral("mnuEditChangeItem"), QStringLiteral("アイテム編集(&C)..."), false);
-    add(edit, QStringLiteral("mnuEditDeleteItem"), QStringLiteral("アイテム削除(&D)"), false);
-    edit->addSeparator();
-    add(edit, QStringLiteral("mnuEditNoSelect"), QStringLiteral("選択解除(&N)"), false);
-    add(edit, QStringLiteral("mnuEditSearch"), QStringLiteral("検索(&S)..."), false);
-
-    QMenu* view = sub(nullptr, QStringLiteral("mnuView"), QStringLiteral("表示(&V)"));
-    QMenu* sort = sub(view, QStringLiteral("mnuViewSort"), QStringLiteral("並べ替え(&S)"));
-    const struct {
-        const char* name;
-        const char* caption;
-        int key;
-    } sorts[] = {
-        {"mnuViewSortRegistRun", "登録順(&R)", 0},  {"mnuViewSortTitleRun", "Title(&T)", 2},
-        {"mnuViewSortGenreRun", "Genre(&G)", 4},    {"mnuViewSortMakerRun", "Maker(&M)", 6},
-        {"mnuViewSortCol1Run", "Column 1(&1)", 8},  {"mnuViewSortCol2Run", "Column 2(&2)", 10},
-        {"mnuViewSortSaleRun", "Sale Date(&S)", 12}};
-    for (const auto& s : sorts) {
-        QMenu* m = sort->addMenu(QString::fromUtf8(s.caption));
-        const QString base = QString::fromUtf8(s.name);
-        m->setObjectName(base);
-        add(m, base + QStringLiteral("(%1)").arg(s.key), QStringLiteral("昇順(&A)"), false, true);
-        add(m, base + QStringLiteral("(%1)").arg(s.key + 1), QStringLiteral("降順(&D)"), false,
-            true);
-    }
-    view->addSeparator();
-    add(view, QStringLiteral("mnuViewScrCom"), QStringLiteral("ScreenShot・コメント表示(&C)"),
-        false, true);
-    add(view, QStringLiteral("mnuViewGrid"), QStringLiteral("グリッド線表示(&G)"), false, true);
-    add(view, QStringLiteral("munViewColumnClear"), QStringLiteral("カラム幅初期化(&W)"), false);
-
-    QMenu* run = sub(nullptr, QStringLiteral("mnuEmuRun"), QStringLiteral("起動(&R)"));
-    // Nine entries in every family; those without an emulator show "-----".
-    for (int i = 1; i <= 9; ++i)
-        add(run, QStringLiteral("mnuEmuRunEach(%1)").arg(i), QStringLiteral("-----"), false);
-    run->addSeparator();
-    add(run, QStringLiteral("mnuEmuRunMan"), QStringLiteral("マニュアル(&N)"), false);
-
-    QMenu* tool = sub(nullptr, QStringLiteral("mnuTool"), QStringLiteral("ツール(&T)"));
-    add(tool, QStringLiteral("mnuToolColEditor"), QStringLiteral("カラムエディタ(&E)..."), false);
-
-    QMenu* opt = sub(nullptr, QStringLiteral("munOption"), QStringLiteral("オプション(&O)"));
-    connect(
-        add(opt, QStringLiteral("mnuOptionCfg"), QStringLiteral("Emulator基本設定(&E)..."), true),
-        &QAction::triggered, this, [this] { ShowCfgDialog(); });
-    add(opt, QStringLiteral("mnuOptionTORVOp"), QStringLiteral("TORVANE ｵﾌﾟｼｮﾝ(&O)..."), false);
-
-    QMenu* help = sub(nullptr, QStringLiteral("mnuHelp"), QStringLiteral("ヘルプ(&H)"));
-    connect(add(help, QStringLiteral("mnuHelpTORVANE"), QStringLiteral("TORVANE ヘルプ(&H)"), true),
-            &QAction::triggered, this, [] { ShowHelpTopic(kHelpMain); });
-    connect(add(help, QStringLiteral("mnuHelpTopic"), QStringLiteral("トピックの検索(&S)"), true),
-            &QAction::triggered, this, [] { ShowHelpTopic(kHelpContents); });
-    help->addSeparator();
-    connect(
-        add(help, QStringLiteral("mnuHelpVersion"), QStringLiteral("バージョン情報(&A)..."), true),
-        &QAction::triggered, this, [this] {
-            frmAbout dlg(this);
-            dlg.exec();
-        });
-
-    // The tray's menu.
-    mnuTaskBar = new QMenu(this);
-    mnuTaskBar->setObjectName(QStringLiteral("mnuTaskBar"));
-    connect(add(mnuTaskBar, QStringLiteral("mnuTaskBarTORVOpen"),
-                QStringLiteral("TORVANE を開く(&O)"), true),
-            &QAction::triggered, this, &frmMain::TrayOpen);
-    connect(add(mnuTaskBar, QStringLiteral("mnuTaskBarTORVClose"),
-                QStringLiteral("TORVANE を終了(&X)"), true),
-            &QAction::triggered, this, [this] {
-                // The exit sequence runs even from a hidden window, then the process ends.
-                if (startup_ && !unloaded_) {
-                    unloaded_ = true;
-                    startup_->FormUnload();
-                }
-                QCoreApplication::quit();
-            });
+    connect(menus.mnuFileEnd, &QAction::triggered, this, &QWidget::close);
+    connect(menus.mnuOptionCfg, &QAction::triggered, this, [this] { ShowCfgDialog(); });
+    connect(menus.mnuHelpTORVANE, &QAction::triggered, this, [] { ShowHelpTopic(kHelpMain); });
+    connect(menus.mnuHelpTopic, &QAction::triggered, this, [] { ShowHelpTopic(kHelpContents); });
+    connect(menus.mnuHelpVersion, &QAction::triggered, this, [this] {
+        frmAbout dlg(this);
+        dlg.exec();
+    });
+    connect(menus.mnuTaskBarTORVOpen, &QAction::triggered, this, &frmMain::TrayOpen);
+    connect(menus.mnuTaskBarTORVClose, &QAction::triggered, this, [this] {
+        // The exit sequence runs even from a hidden window, then the process ends.
+        if (startup_ && !unloaded_) {
+            unloaded_ = true;
+            startup_->FormUnload();
+        }
+        QCoreApplication::quit();
+    });
 }
 
 void frmMain::BuildControls()
@@ -282,7 +203,7 @@ double frmMain::TwipsPerPixel() const
 
 bool frmMain::Load(StartupEnv env)
 {
-    startup_ = std::make_unique<Startup>(*this, std::move(env));
+    startup_ = std::make_unique<Startup>(std::move(env));
     return startup_->FormLoad();
 }
 
@@ -324,7 +245,7 @@ void frmMain::CfgStored()
     ShowFamilyPath();
 }
 
-// ---- StartupUi ----
+// ---- MainWindowLink ----
 
 void frmMain::LoadTitle()
 {
@@ -397,13 +318,13 @@ void frmMain::ApplyCfgToWindow()
     for (int i = 0; i < 6; ++i)
         lstD88->setColumnWidth(i, qRound(Cfg.ColWidth[i] / tpp));
     if (Cfg.ViewScrCom == 1) {
-        Menu(QStringLiteral("mnuViewScrCom"))->setChecked(true);
+        menus.mnuViewScrCom->setChecked(true);
         fraScrCom->setVisible(true);
         const int list = qRound(4095 / tpp);
         splMain->setSizes({list, qMax(200, width() - list)});
     }
     if (Cfg.ViewGrid == 1) {
-        Menu(QStringLiteral("mnuViewGrid"))->setChecked(true);
+        menus.mnuViewGrid->setChecked(true);
         lstD88->setShowGrid(true);
     }
     // The footer switches, PutFreeColName of the catalogue's own model, and the rest.
@@ -476,7 +397,7 @@ void frmMain::SetTaskIcon()
     if (!tray_) {
         tray_ = new QSystemTrayIcon(windowIcon(), this);
         tray_->setObjectName(QStringLiteral("trayIcon"));
-        tray_->setContextMenu(mnuTaskBar);
+        tray_->setContextMenu(menus.mnuTaskBar);
         connect(tray_, &QSystemTrayIcon::activated, this,
                 [this](QSystemTrayIcon::ActivationReason r) {
                     // The tray does nothing while a modal dialog holds the window.
@@ -558,6 +479,68 @@ void frmMain::UnloadOtherForms()
     for (QWidget* w : QApplication::topLevelWidgets())
         if (w != this && w->objectName() != QStringLiteral("frmMain") && w->isVisible())
             w->close();
+}
+
+void frmMain::SetTitleCount(const QString& ken, const QString& cap)
+{
+    if (title_) {
+        title_->lblLstKen->setText(ken);
+        title_->lblLstCap->setText(cap);
+    }
+}
+
+void frmMain::FailStart()
+{
+    if (startup_)
+        startup_->StartFail();
+    std::exit(1);
+}
+
+bool frmMain::HasSelectedItem()
+{
+    return catalogue_ && catalogue_->HasSelectedItem(*this);
+}
+
+void frmMain::SetStatusText(const QString& text)
+{
+    if (catalogue_)
+        catalogue_->SetStatusText(*this, text);
+}
+
+void frmMain::SetMainEnabled(bool on)
+{
+    setEnabled(on);
+}
+
+void frmMain::MinimiseMain()
+{
+    // A window on screen holds the state it is to come back to (as Form_Resize keeps it);
+    // one that waits minimised or in the tray keeps the state it had before that.
+    if (isVisible() && !isMinimized())
+        TrayWindowState = isMaximized() ? 2 : 0;
+    setWindowState(windowState() | Qt::WindowMinimized);
+}
+
+void frmMain::RestoreMain()
+{
+    // Back to the state before the window was last minimised; the minimise may have hidden it
+    // into the tray.
+    setWindowState(TrayWindowState == 2 ? Qt::WindowMaximized : Qt::WindowNoState);
+    show();
+    QApplication::processEvents();
+    raise();
+    activateWindow();
+}
+
+void frmMain::RefreshItemDetail()
+{
+    if (catalogue_)
+        catalogue_->RefreshAfterLaunch(*this);
+}
+
+QObject* frmMain::Owner()
+{
+    return this;
 }
 
 void frmMain::closeEvent(QCloseEvent* e)

@@ -1,7 +1,9 @@
 #pragma once
 // The main window: owner of the process. Its Form_Load is the start-up (shell/Startup.h), its
-// close the shut-down. The list, the detail pane and the footers are filled by the catalogue
-// code through CatalogueHooks.
+// close the shut-down. The core reaches it through the window link it installs while it lives.
+// The list, the detail pane and the footers are filled by the catalogue (MainCatalogue).
+#include "launch/MainWindowLink.h"
+#include "mainwindow/MainMenus.h"
 #include "mainwindow/frmTitle.h"
 #include "shell/Startup.h"
 
@@ -10,7 +12,6 @@
 #include <QPointer>
 #include <array>
 #include <functional>
-#include <map>
 #include <memory>
 
 class QAction;
@@ -27,36 +28,17 @@ class QTextEdit;
 
 namespace tv {
 
-class frmMain;
+class MainCatalogue;
 
-// What the catalogue brings to the main window: LstObj and the list fill of the chosen
-// family. Installed with frmMain::SetCatalogue before Load.
-class CatalogueHooks {
-public:
-    virtual ~CatalogueHooks() = default;
-    virtual void CreateLstObj(frmMain& w) = 0;
-    virtual void ReleaseLstObj(frmMain& w) = 0;
-    virtual bool InitLst(frmMain& w, int family) = 0;
-    // cbxHardWare_Click after HardWare has been set: LoadList and the footer of the family.
-    virtual void FamilyChanged(frmMain& w, int family) = 0;
-    // The configuration has been applied to the window (start-up step 13): PutFreeColName,
-    // column widths, footer switches, the no-picture image. A store of frmCfg only updates
-    // the current family's switches and path, and the detail pane (frmMain::CfgStored).
-    virtual void CfgApplied(frmMain& w) = 0;
-    // A store of frmCfg: with a row selected the detail pane is shown anew.
-    virtual void RefreshDetail(frmMain& w) {}
-    // Key of the selected row of lstD88 ("K25"), "" with none.
-    virtual QString SelectedKey(frmMain& w) = 0;
-};
-
-class frmMain : public QMainWindow, public StartupUi {
+class frmMain : public QMainWindow, public MainWindowLink {
     Q_OBJECT
 public:
     explicit frmMain(QWidget* parent = nullptr);
     ~frmMain() override;
 
-    void SetCatalogue(std::unique_ptr<CatalogueHooks> c) { catalogue_ = std::move(c); }
-    CatalogueHooks* Catalogue() const { return catalogue_.get(); }
+    // The catalogue; without one no catalogue file is accepted and the list stays empty.
+    void SetCatalogue(std::unique_ptr<MainCatalogue> c);
+    MainCatalogue* Catalogue() const { return catalogue_.get(); }
 
     // Form_Load. False: the start was refused and the process is to end.
     bool Load(StartupEnv env = {});
@@ -66,8 +48,8 @@ public:
     // Twips per pixel of the screen (15 at 96 dpi).
     double TwipsPerPixel() const;
 
-    // Called by frmCfg after a successful store.
-    void CfgStored();
+    // A settings dialog stored the configuration.
+    void CfgStored() override;
 
     // Controls, by the names of the forms.
     QComboBox* cbxHardWare;
@@ -81,15 +63,14 @@ public:
     std::array<QFrame*, 3> fraFotter{};
     QPixmap NoImagePicture;
 
-    // Menus: the entries by their names.
-    QAction* Menu(const QString& name) const;
-    QMenu* mnuTaskBar = nullptr;
+    // The menu bar and the tray's menu.
+    MainMenus menus;
     QSystemTrayIcon* TrayIcon() const { return tray_; }
 
     // Opens frmCfg modally (start-up gate and mnuOptionCfg).
     std::function<void(frmMain&)> showCfgDialog;
 
-    // StartupUi
+    // MainWindowLink
     void LoadTitle() override;
     void ShowTitle() override;
     void UnloadTitle() override;
@@ -116,6 +97,15 @@ public:
     void RestoreNormalVisible() override;
     std::array<float, 4> WindowGeometry() override;
     void UnloadOtherForms() override;
+    void SetTitleCount(const QString& ken, const QString& cap) override;
+    void FailStart() override;
+    bool HasSelectedItem() override;
+    void SetStatusText(const QString& text) override;
+    void SetMainEnabled(bool on) override;
+    void MinimiseMain() override;
+    void RestoreMain() override;
+    void RefreshItemDetail() override;
+    QObject* Owner() override;
 
     // The current family's image directory in txtHardImagePath.
     void ShowFamilyPath();
@@ -125,17 +115,17 @@ protected:
     void changeEvent(QEvent* e) override;
 
 private:
-    void BuildMenus();
+    void ConnectMenus();
     void BuildControls();
     void cbxHardWare_Click(int index);
     void TrayOpen();
     void CenterOnScreen();
 
-    std::unique_ptr<CatalogueHooks> catalogue_;
+    std::unique_ptr<MainCatalogue> catalogue_;
+    MainWindowLink* previousLink_ = nullptr;
     std::unique_ptr<Startup> startup_;
     QPointer<frmTitle> title_;
     QSystemTrayIcon* tray_ = nullptr;
-    std::map<QString, QAction*> menus_;
     bool unloaded_ = false;
 };
 

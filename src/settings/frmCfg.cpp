@@ -4,14 +4,14 @@
 
 #include "adapters/OptionDialogs_ui.h"
 #include "data/Cfg.h"
+#include "launch/MainWindowLink.h"
 #include "platform/MsgBox.h"
-#include "settings/frmDirSansyo.h"
+#include "settings/FilePickers.h"
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFrame>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -97,17 +97,6 @@ const QString kBrowse = QStringLiteral("参照");
 
 } // namespace
 
-std::function<QString(SelectKind, QWidget*)> frmCfg::SelectFileFn = &frmCfg::SelectFile;
-std::function<bool(QString&, QWidget*)> frmCfg::PickDirFn = [](QString& path, QWidget* owner) {
-    return InitDirSansyo(path, owner);
-};
-
-QString frmCfg::SelectFile(SelectKind kind, QWidget* owner)
-{
-    return QFileDialog::getOpenFileName(owner, kSelectFileTitle, QString(),
-                                        QtFilterText(SelectFileFilter(kind)));
-}
-
 frmCfg::frmCfg(QWidget* parent) : QDialog(parent)
 {
     setObjectName(QStringLiteral("frmCfg"));
@@ -187,7 +176,7 @@ void frmCfg::BuildFamilyPage(int family)
         g->addWidget(b, row, 2);
         connect(b, &QPushButton::clicked, this, [this, t] {
             QString path = VbTrim(t->text());
-            if (PickDirFn && PickDirFn(path, this))
+            if (Pickers().PickDir(path, this))
                 t->setText(path);
         });
     };
@@ -239,7 +228,7 @@ void frmCfg::BuildFamilyPage(int family)
         g->addWidget(new QLabel(QStringLiteral("FMPAN.D88"), dirs), 5, 0);
         g->addLayout(pan, 5, 1, 1, 2);
         connect(b, &QPushButton::clicked, this, [this] {
-            const QString f = SelectFileFn ? SelectFileFn(SelectKind::FmPan, this) : QString();
+            const QString f = Pickers().SelectFile(SelectKind::FmPan, this);
             if (!f.isEmpty())
                 txtFmPanFile->setText(f);
         });
@@ -300,7 +289,7 @@ QFrame* frmCfg::BuildEmuFrame(const Emu& e, QWidget* parent)
     // Executable buttons: the box takes the directory of the chosen program.
     auto exeButton = [this](QLineEdit* t, QPushButton* b, SelectKind kind) {
         connect(b, &QPushButton::clicked, this, [this, t, kind] {
-            const QString f = SelectFileFn ? SelectFileFn(kind, this) : QString();
+            const QString f = Pickers().SelectFile(kind, this);
             if (!f.isEmpty())
                 t->setText(GetFileDir(f));
         });
@@ -323,7 +312,7 @@ QFrame* frmCfg::BuildEmuFrame(const Emu& e, QWidget* parent)
                               QStringLiteral("cmd") + S(e.saveKey) + QStringLiteral("SaveDir"));
         connect(b, &QPushButton::clicked, this, [this, t] {
             QString path = VbTrim(t->text());
-            if (PickDirFn && PickDirFn(path, this))
+            if (Pickers().PickDir(path, this))
                 t->setText(path);
         });
     }
@@ -570,8 +559,7 @@ bool frmCfg::StoreCfg(bool unload)
         return false;
     }
     ResolveCfgDirs();
-    if (onStored)
-        onStored();
+    Window().CfgStored();
     MsgBox(QStringLiteral("設定を保存しました！"), MbInformation);
     CfgReady = 1;
     stored_ = true;

@@ -1,7 +1,8 @@
 #pragma once
 // The environment settings: per family the directories, per emulator its use, directory,
 // save directory, start flags and default options. It edits the configuration record directly;
-// ValidateCfg guards the way out and a close without a store reads the file back.
+// ValidateCfg guards the way out and a close without a store reads the file back. Its browse
+// buttons open the file pickers (FilePickers.h); a store tells the window link.
 #include "shell/ValidateCfg.h"
 
 #include <QDialog>
@@ -23,16 +24,6 @@ class frmCfg : public QDialog {
 public:
     explicit frmCfg(QWidget* parent = nullptr);
     ~frmCfg() override;
-
-    // The open-file dialog of the browse buttons: the chosen path, "" on cancel. Replaceable
-    // so that tests need no file dialog.
-    static std::function<QString(SelectKind, QWidget*)> SelectFileFn;
-    static QString SelectFile(SelectKind kind, QWidget* owner);
-    // The directory picker of the family directories (frmDirSansyo); false on cancel.
-    static std::function<bool(QString&, QWidget*)> PickDirFn;
-
-    // Called after a successful store, so that the main window updates its switches.
-    std::function<void()> onStored;
 
     QTabBar* tbsHardWare;
     QStackedWidget* pages;

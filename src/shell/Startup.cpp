@@ -45,7 +45,7 @@ bool dirExists(const QString& path)
 
 } // namespace
 
-Startup::Startup(StartupUi& ui, StartupEnv env) : ui_(ui), env_(std::move(env))
+Startup::Startup(StartupEnv env) : env_(std::move(env))
 {
     if (!env_.sleep)
         env_.sleep = [](int ms) { SleepMs(ms); };
@@ -79,13 +79,13 @@ bool Startup::Run()
     PeekDir.clear();
     CfgReady = 0;
 
-    // 1
-    ui_.LoadTitle();
+    // The splash.
+    Window().LoadTitle();
     Yield();
     Sleep(100);
 
-    // 2
-    ui_.SetTitleMsg1(StartupText::CheckInstance);
+    // One instance per program directory.
+    Window().SetTitleMsg1(StartupText::CheckInstance);
     Yield();
     const QString exe = env_.executablePath.isEmpty() ? QCoreApplication::applicationFilePath()
                                                       : env_.executablePath;
@@ -93,11 +93,11 @@ bool Startup::Run()
     if (!lock_)
         Refuse(StartupText::TwoInstances);
 
-    // 3
-    ui_.SetTitleMsg1(StartupText::CheckEnv);
+    // The environment.
+    Window().SetTitleMsg1(StartupText::CheckEnv);
     Yield();
 
-    // 4, 5: a variable that names no directory refuses, even when the other one is good.
+    // TMP and TEMP: a variable that names no directory refuses, even when the other one is good.
     const QString tmp = EnvTempValue("TMP");
     if (VbTrim(tmp).isEmpty() || FindFile(tmp, kAttrDirectory).isEmpty())
         Refuse(StartupText::NoTmp);
@@ -107,7 +107,7 @@ bool Startup::Run()
         Refuse(StartupText::NoTemp);
     EnvTempDir = TrimTrailingSeparators(temp);
 
-    // 6
+    // The Windows and system directories.
     WindowsDir = GetWindowsDir();
     if (WindowsDir.isEmpty())
         Refuse(StartupText::NoWindowsDir);
@@ -115,28 +115,28 @@ bool Startup::Run()
     if (SystemDir.isEmpty())
         Refuse(StartupText::NoSystemDir);
 
-    // 7
-    ui_.SetTitleMsg2(QString());
-    ui_.SetTitleMsg1(StartupText::SetVars);
+    // The program directory.
+    Window().SetTitleMsg2(QString());
+    Window().SetTitleMsg1(StartupText::SetVars);
     Yield();
     AppDir = TrimTrailingSeparators(env_.programDir.isEmpty() ? ProgramDir() : env_.programDir);
 
-    // 8
+    // A program directory that is safe to work in.
     if (!IsSafeDir(AppDir, 3, 0))
         Refuse(StartupText::UnsafeAppDir);
 
-    // 9
+    // The working directories.
     if (!MakeBootDir() || !MakeTempBootDir())
         Refuse(StartupText::BootDirFailed);
 
-    // 10
+    // The tables.
     InitTables(); // also names the help file
 
-    // 11
-    ui_.SetListExStyle();
+    // The list style.
+    Window().SetListExStyle();
 
-    // 12: the gate has spoken already when it fails, so no further box.
-    ui_.SetTitleMsg1(StartupText::ReadingCfg);
+    // The configuration gate; when it fails it has spoken already, so no further box.
+    Window().SetTitleMsg1(StartupText::ReadingCfg);
     Yield();
     HardWare = 0;
     CheckCfg();
@@ -145,66 +145,66 @@ bool Startup::Run()
         return false;
     }
 
-    // 13
-    ui_.ApplyCfgToWindow();
+    // The configuration onto the window.
+    Window().ApplyCfgToWindow();
 
-    // 14: the title comes back over a closed frmCfg.
-    ui_.HideMain();
-    ui_.ShowTitle();
-    ui_.SetTitleMsg1(StartupText::ReadingLst);
+    // The catalogue object: the title comes back over a closed frmCfg.
+    Window().HideMain();
+    Window().ShowTitle();
+    Window().SetTitleMsg1(StartupText::ReadingLst);
     KeyPrefix = QStringLiteral("K");
     Yield();
-    ui_.CreateLstObj();
+    Window().CreateLstObj();
 
-    // 15: every family's file is checked, not only the remembered one.
+    // The catalogue files: every family's file is checked, not only the remembered one.
     for (int family = 0; family < 3; ++family) {
         const QString file = AppDir + QStringLiteral("/") + kLstFileNames[family];
         if (FindFile(file).isEmpty())
             continue;
-        if (!ui_.InitLst(family))
+        if (!Window().InitLst(family))
             Refuse(kLstFileNames[family] + QStringLiteral("が不正です。\n") +
                    StartupText::LstBadLine2);
     }
 
-    // 16, 17: errors are ignored and the start goes on.
+    // The remembered family and the window place: errors are ignored and the start goes on.
     HardWare = 255; // any choice counts as a change
     try {
-        ui_.SelectFamily(Cfg.LastHardWare);
+        Window().SelectFamily(Cfg.LastHardWare);
     } catch (...) {
     }
     try {
-        ui_.PlaceWindow();
+        Window().PlaceWindow();
     } catch (...) {
     }
 
-    // 18: the splash stays up at least one second.
-    trayOn_ = Cfg.TaskIn == 1 && ui_.TrayAvailable();
+    // The hand-over to the main window: the splash stays up at least one second.
+    trayOn_ = Cfg.TaskIn == 1 && Window().TrayAvailable();
     if (trayOn_) {
         Sleep(1000);
-        ui_.SetTitleMsg1(StartupText::Resident);
+        Window().SetTitleMsg1(StartupText::Resident);
         Yield();
-        ui_.SetTaskIcon();
+        Window().SetTaskIcon();
         if (Cfg.TaskRunForm == 1) {
             Yield();
-            ui_.SetMainMinimized();
+            Window().SetMainMinimized();
             TrayWindowState = Cfg.WinState == 1 ? 0 : Cfg.WinState;
-            ui_.ShowMain();
+            Window().ShowMain();
             Yield();
             Sleep(1000);
-            ui_.UnloadTitle();
-            ui_.SetMainVisible();
+            Window().UnloadTitle();
+            Window().SetMainVisible();
         } else {
             Yield();
             Sleep(1000);
-            ui_.UnloadTitle();
-            ui_.ShowMain();
+            Window().UnloadTitle();
+            Window().ShowMain();
         }
     } else {
-        ui_.SetTitleMsg1(StartupText::Starting);
+        Window().SetTitleMsg1(StartupText::Starting);
         Yield();
         Sleep(1000);
-        ui_.UnloadTitle();
-        ui_.ShowMain();
+        Window().UnloadTitle();
+        Window().ShowMain();
     }
     return true;
 }
@@ -234,11 +234,11 @@ void Startup::CheckCfg()
 {
     const QString file = cfgPath();
     if (FindFile(file).isEmpty()) {
-        ui_.HideMain();
-        ui_.ShowTitle();
+        Window().HideMain();
+        Window().ShowTitle();
         MsgBox(StartupText::NoCfgText, MbInformation, StartupText::NoCfgCaption);
         SetDefaultCfg();
-        ui_.ShowCfgDialog();
+        Window().ShowCfgDialog();
         return;
     }
     ClearCfg();
@@ -255,9 +255,9 @@ void Startup::CheckCfg()
             return;
         }
         ShellDelete(file, 0);
-        ui_.ShowTitle();
+        Window().ShowTitle();
         SetDefaultCfg();
-        ui_.ShowCfgDialog();
+        Window().ShowCfgDialog();
         return;
     }
     ResolveCfgDirs();
@@ -266,8 +266,8 @@ void Startup::CheckCfg()
         return;
     }
     CfgReady = 0;
-    ui_.ShowTitle();
-    ui_.ShowCfgDialog();
+    Window().ShowTitle();
+    Window().ShowCfgDialog();
 }
 
 void Startup::StartFail()
@@ -277,9 +277,9 @@ void Startup::StartFail()
         QDir::setCurrent(AppDir);
         QDir().rmdir(WorkDir); // only an empty one: a leftover the user kept stays
     }
-    ui_.HideMain();
-    ui_.ShowTitle();
-    ui_.SetTitleMsg1(StartupText::StartFailed);
+    Window().HideMain();
+    Window().ShowTitle();
+    Window().SetTitleMsg1(StartupText::StartFailed);
     Yield();
     Sleep(1000);
 }
@@ -287,16 +287,16 @@ void Startup::StartFail()
 void Startup::FormUnload()
 {
     if (!FindFile(cfgPath()).isEmpty() && CfgReady == 1) {
-        const QString key = ui_.SelectedKey();
+        const QString key = Window().SelectedKey();
         Cfg.LstSelectPos = (Cfg.LstSelectSave == 1 && !key.isEmpty()) ? SeekPointerOfKey(key) : 0;
         if (HardWare <= 2)
             Cfg.LastHardWare = HardWare;
-        Cfg.ColWidth = ui_.ColumnWidths();
-        Cfg.WinState = static_cast<uint8_t>(ui_.WindowState());
+        Cfg.ColWidth = Window().ColumnWidths();
+        Cfg.WinState = static_cast<uint8_t>(Window().WindowState());
         // Size and position are read from the restored window.
         if (Cfg.WinState != 0)
-            ui_.RestoreNormalVisible();
-        const auto g = ui_.WindowGeometry();
+            Window().RestoreNormalVisible();
+        const auto g = Window().WindowGeometry();
         Cfg.WinHeight = g[0];
         Cfg.WinWidth = g[1];
         Cfg.WinLeft = g[2];
@@ -304,14 +304,14 @@ void Startup::FormUnload()
         SaveCfg();
     }
     if (trayOn_)
-        ui_.RemoveTaskIcon();
+        Window().RemoveTaskIcon();
     QDir::setCurrent(AppDir);
     // A directory that can't go (files left by a launch) ends the procedure here; the next
     // start meets it in MakeBootDir.
     if (!WorkDir.isEmpty() && dirExists(WorkDir) && !QDir().rmdir(WorkDir))
         return;
-    ui_.ReleaseLstObj();
-    ui_.UnloadOtherForms();
+    Window().ReleaseLstObj();
+    Window().UnloadOtherForms();
 }
 
 } // namespace tv

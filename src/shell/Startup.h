@@ -1,7 +1,9 @@
 #pragma once
 // Start-up and shut-down of the program: the steps between the process start and the moment
 // the main window takes input, the configuration gate, and what is stored at exit. The windows
-// are reached through StartupUi, so the whole sequence runs headless in tests.
+// are reached through the window link (launch/MainWindowLink.h), so the whole sequence runs
+// headless in tests.
+#include "launch/MainWindowLink.h"
 #include "platform/Platform.h"
 
 #include <QString>
@@ -49,50 +51,6 @@ inline const QString CfgUpdateHint = QStringLiteral("RECASTnn.EXEでCFGをアッ
 inline const std::array<QString, 3> kLstFileNames = {
     QStringLiteral("TORVANE.LST"), QStringLiteral("TORVANE.LFM"), QStringLiteral("TORVANE.LX1")};
 
-// What the start-up and the shut-down need of the windows. frmMain implements it; tests
-// record the calls.
-class StartupUi {
-public:
-    virtual ~StartupUi() = default;
-
-    // frmTitle
-    virtual void LoadTitle() = 0; // load and show it modelessly
-    virtual void ShowTitle() = 0;
-    virtual void UnloadTitle() = 0;
-    virtual void SetTitleMsg1(const QString& text) = 0;
-    virtual void SetTitleMsg2(const QString& text) = 0;
-
-    // frmMain
-    virtual void HideMain() = 0;
-    virtual void ShowMain() = 0;
-    virtual void SetMainMinimized() = 0;
-    virtual void SetMainVisible() = 0;
-    virtual void SetListExStyle() = 0;   // full-row select on lstD88
-    virtual void ApplyCfgToWindow() = 0; // step 13: picture, detail, columns, footer, view
-    virtual void CreateLstObj() = 0;
-    virtual void ReleaseLstObj() = 0;
-    // InitLst of the catalogue object for one family; false when the file is not one of ours.
-    virtual bool InitLst(int family) = 0;
-    // cbxHardWare.ListIndex = family; its click event loads the list.
-    virtual void SelectFamily(int family) = 0;
-    virtual void PlaceWindow() = 0; // step 17
-    // Without a system tray the program runs as if TaskIn were off until it ends.
-    virtual bool TrayAvailable() = 0;
-    virtual void SetTaskIcon() = 0;
-    virtual void RemoveTaskIcon() = 0;
-
-    // frmCfg, modal. It decides CfgReady itself when it closes.
-    virtual void ShowCfgDialog() = 0;
-
-    // Shut-down: the state that is stored in the configuration.
-    virtual QString SelectedKey() = 0; // key of the selected row of lstD88, "" with none
-    virtual std::array<float, 6> ColumnWidths() = 0; // twips
-    virtual int WindowState() = 0;                   // 0 normal, 1 minimised, 2 maximised
-    virtual void RestoreNormalVisible() = 0;
-    virtual std::array<float, 4> WindowGeometry() = 0; // height, width, left, top in twips
-    virtual void UnloadOtherForms() = 0;
-};
-
 // The surroundings of one start. Production takes the defaults; tests give their own
 // directories and skip the waits.
 struct StartupEnv {
@@ -104,7 +62,7 @@ struct StartupEnv {
 
 class Startup {
 public:
-    Startup(StartupUi& ui, StartupEnv env = {});
+    explicit Startup(StartupEnv env = {});
 
     // Form_Load of frmMain: the whole start-up. True when the main window has been handed
     // over; false when the start was refused and the process is to end.
@@ -126,7 +84,6 @@ private:
     void Yield() { env_.yield(); }
     void Sleep(int ms) { env_.sleep(ms); }
 
-    StartupUi& ui_;
     StartupEnv env_;
     bool trayOn_ = false; // TaskIn in force for this run
     std::unique_ptr<InstanceLock> lock_;

@@ -4,6 +4,7 @@
 #include "launch/ExecEmulator.h"
 #include "platform/KeySend.h"
 #include "support/GuardedDirs.h"
+#include "support/StubWindow.h"
 #include "support/TestEmu.h"
 
 #include <QClipboard>
@@ -32,18 +33,10 @@ protected:
         QDir().mkpath(workDir);
         logPath = root.path("emu.log");
         WriteTestEmuConfig(emuDir, {{"log", logPath}, {"exitafter", "50"}});
-        oldCwd = QDir::currentPath();
-        QDir::setCurrent(workDir);
+        QDir::setCurrent(workDir); // the guard of `root` brings the old one back
         Cfg = CfgRecord{};
         Cfg.M88Dir = emuDir;
         ClearInputLog();
-        frmMainHooks = {};
-    }
-    void TearDown() override
-    {
-        QDir::setCurrent(oldCwd);
-        frmMainHooks = {};
-        Cfg = CfgRecord{};
     }
     LaunchCommand Emu(const QString& exe, const QStringList& args = {})
     {
@@ -67,7 +60,8 @@ protected:
     }
 
     tvtest::GuardedDirs root;
-    QString emuDir, workDir, logPath, oldCwd;
+    tvtest::StubWindow window;
+    QString emuDir, workDir, logPath;
 };
 
 } // namespace
@@ -239,7 +233,7 @@ TEST_F(ExecEmulatorTest, MainWindowDisabledDuringTheWaitAndEventsServed)
     WriteTestEmuConfig(emuDir, {{"log", logPath}, {"exitafter", "700"}});
     QStringList calls;
     bool enabled = true;
-    frmMainHooks.setEnabled = [&](bool on) {
+    window.onSetEnabled = [&](bool on) {
         calls << (on ? "enable" : "disable");
         enabled = on;
     };
@@ -278,7 +272,7 @@ TEST_F(ExecEmulatorTest, AnyExitCodeEndsTheWait)
 TEST_F(ExecEmulatorTest, StartFailureThrowsAndEnablesTheWindowAgain)
 {
     QStringList calls;
-    frmMainHooks.setEnabled = [&](bool on) { calls << (on ? "enable" : "disable"); };
+    window.onSetEnabled = [&](bool on) { calls << (on ? "enable" : "disable"); };
     EXPECT_THROW(ExecEmulator(LaunchCommand(emuDir + "/NOSUCH.EXE"), 2, "A.D88", QString(), 0),
                  EmulatorStartError);
     EXPECT_EQ(calls, (QStringList{"disable", "enable"}));

@@ -59,7 +59,7 @@ TEST_F(Launch, PlainImageOnXm7Dos)
     RunSelectedItem(11);
 
     EXPECT_TRUE(box.calls().empty());
-    EXPECT_EQ(status_, kLaunchStatusText);
+    EXPECT_EQ(window_->statusText, kLaunchStatusText);
     const auto runs = Runs();
     ASSERT_EQ(runs.size(), 1u);
     EXPECT_EQ(runs[0].exeName, "XM7.EXE");
@@ -295,7 +295,7 @@ TEST_F(Launch, OneDiskOrMalformedD88IsNotSplit)
 TEST_F(Launch, NothingSelectedStartsTheBareEmulator)
 {
     const QString dir = Emu(12);
-    launchHooks.hasSelectedItem = [] { return false; };
+    window_->hasSelectedItem = false;
     HardWare = 1;
     RunSelectedItem(12);
     // The emulator is started and not waited for.
@@ -306,7 +306,7 @@ TEST_F(Launch, NothingSelectedStartsTheBareEmulator)
     EXPECT_EQ(Runs()[0].args.size(), 1);
     // Nothing was staged and the list's item wasn't looked at.
     EXPECT_TRUE(WorkFiles().isEmpty());
-    EXPECT_TRUE(status_.isEmpty());
+    EXPECT_TRUE(window_->statusText.isEmpty());
 }
 
 TEST_F(Launch, EmulatorOnlyCommandsAreBareNames)
@@ -492,8 +492,7 @@ TEST_F(Launch, KilledWhileEmulatorRuns)
         QThread::msleep(50);
 
     // The next start meets the filled WorkDir and asks; on no it keeps everything.
-    RecordingUi ui;
-    Startup start(ui);
+    Startup start;
     ScriptedMsgBox box;
     box.answer(MbResNo);
     EXPECT_FALSE(start.MakeBootDir());

@@ -5,12 +5,15 @@
 #include "launch/Repack.h"
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
+#include "support/ProcessState.h"
 #include "support/ScriptedMsgBox.h"
+#include "support/StubWindow.h"
 
 #include <QDateTime>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <optional>
 
 using namespace tv;
 using namespace arctest;
@@ -22,7 +25,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(root.isValid());
-        saved = {WorkDir, EnvTmpDir, EnvTempDir, SystemDir, WindowsDir, SnapDir[0], PeekDir};
+        state.emplace();
         InitTables();
         WorkDir = root.filePath(QStringLiteral("prog/TORVBOOT"));
         EnvTmpDir = EnvTempDir = root.filePath(QStringLiteral("tmpenv"));
@@ -33,22 +36,9 @@ protected:
         images = root.filePath(QStringLiteral("images"));
         for (const QString& d : {WorkDir, EnvTmpDir, SnapDir[0], images})
             ASSERT_TRUE(QDir().mkpath(d));
-        refreshed = 0;
-        RefreshItemDetail = [this] { ++refreshed; };
         QDir::setCurrent(root.path());
     }
-    void TearDown() override
-    {
-        QDir::setCurrent(QDir::tempPath());
-        RefreshItemDetail = nullptr;
-        WorkDir = saved[0];
-        EnvTmpDir = saved[1];
-        EnvTempDir = saved[2];
-        SystemDir = saved[3];
-        WindowsDir = saved[4];
-        SnapDir[0] = saved[5];
-        PeekDir = saved[6];
-    }
+    void TearDown() override { state.reset(); }
     QString W(const QString& n) const { return WorkDir + u'/' + n; }
     static void SetTime(const QString& path, const QDateTime& t)
     {
@@ -104,9 +94,9 @@ protected:
     }
 
     QTemporaryDir root;
-    std::array<QString, 7> saved;
+    std::optional<tvtest::ProcessState> state;
     QString images;
-    int refreshed = 0;
+    tvtest::StubWindow window;
     const QDateTime old{QDate(2001, 2, 3), QTime(4, 5, 6)};
     const QString repackText =
         QStringLiteral("イメージファイルは変更されています。\n再圧縮しますか？");
@@ -170,7 +160,7 @@ TEST_F(Repack, PlainImageGoesBackEvenWhenUnchanged)
     EXPECT_EQ(ReadAll(SnapDir[0] + QStringLiteral("/SCREEN01.BMP")), QByteArray("shot"));
     EXPECT_FALSE(QFileInfo::exists(images + QStringLiteral("/SCREEN01.BMP")));
     EXPECT_TRUE(Entries(WorkDir).isEmpty());
-    EXPECT_EQ(refreshed, 1);
+    EXPECT_EQ(window.refreshed, 1);
     EXPECT_TRUE(box.calls().empty());
 }
 
@@ -196,7 +186,7 @@ TEST_F(Repack, ArchiveRepackedWithoutAskingForFlag1)
                                             QStringLiteral("README.TXT")}));
     EXPECT_TRUE(Entries(WorkDir).isEmpty());
     EXPECT_FALSE(QFileInfo::exists(TempDir()));
-    EXPECT_EQ(refreshed, 1);
+    EXPECT_EQ(window.refreshed, 1);
 }
 
 TEST_F(Repack, Flag2AsksOnlyWhenAMemberChanged)

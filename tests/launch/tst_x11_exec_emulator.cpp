@@ -5,6 +5,8 @@
 #include "data/Cfg.h"
 #include "launch/ExecEmulator.h"
 #include "platform/KeySend.h"
+#include "support/ProcessState.h"
+#include "support/StubWindow.h"
 #include "support/TestEmu.h"
 
 #include <QDateTime>
@@ -13,6 +15,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <QtTest>
+#include <optional>
 
 using namespace tv;
 using namespace tvtest;
@@ -48,7 +51,8 @@ class TstX11ExecEmulator : public QObject {
 
 private:
     QTemporaryDir root;
-    QString emuDir, workDir, logPath, oldCwd;
+    QString emuDir, workDir, logPath;
+    std::optional<tvtest::ProcessState> state;
 
     // Runs one launch; `records` is how many clipboard texts and sequences the launch sends,
     // after which the test presses F12 to end the emulator.
@@ -88,15 +92,14 @@ private slots:
         // The exit after 10 s only keeps a failing run from hanging.
         QVERIFY(WriteTestEmuConfig(emuDir,
                                    {{"log", logPath}, {"exitkey", "F12"}, {"exitafter", "10000"}}));
-        oldCwd = QDir::currentPath();
+        state.emplace();
         QDir::setCurrent(workDir);
     }
-    void cleanupTestCase() { QDir::setCurrent(oldCwd); }
+    void cleanupTestCase() { state.reset(); }
     void init()
     {
         Cfg = CfgRecord{};
         Cfg.M88Dir = emuDir;
-        frmMainHooks = {};
     }
 
     void x88000Tape()
@@ -184,7 +187,8 @@ private slots:
         main.setWindowTitle("main");
         main.show();
         QVERIFY(QTest::qWaitForWindowExposed(&main));
-        frmMainHooks.setEnabled = [&](bool on) { main.setEnabled(on); };
+        tvtest::StubWindow window;
+        window.onSetEnabled = [&](bool on) { main.setEnabled(on); };
         int ticks = 0;
         bool allDisabled = true;
         QTimer probe;

@@ -4,9 +4,11 @@
 #include "data/ItemDetail.h"
 #include "data/clsLst.h"
 #include "mainwindow/CatalogueUi.h"
+#include "mainwindow/MainMenus.h"
 #include "shell/Globals.h"
 #include "support/CatalogueBytes.h"
 #include "support/ScriptedMsgBox.h"
+#include "support/StubWindow.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -20,6 +22,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextEdit>
+#include <optional>
 
 using namespace tv;
 
@@ -28,9 +31,10 @@ class TstCatalogueUi : public QObject {
 private:
     QTemporaryDir root;
     QMainWindow* win = nullptr;
+    MainMenus menus;
     CatalogueWidgets w;
     CatalogueUi* ui = nullptr;
-    int startFails = 0;
+    std::optional<tvtest::StubWindow> window; // records the splash counts and failed starts
 
     void writeCatalogue()
     {
@@ -87,9 +91,8 @@ private slots:
         NoImagePicture.fill(Qt::gray);
         writeCatalogue();
         win = new QMainWindow;
-        w = CatalogueUi::BuildStandalone(win);
-        startFails = 0;
-        w.startFail = [this] { ++startFails; };
+        w = CatalogueUi::BuildStandalone(win, &menus);
+        window.emplace();
         ui = new CatalogueUi(w, win);
         HardWare = 0;
     }
@@ -97,6 +100,7 @@ private slots:
     {
         delete win;
         win = nullptr;
+        window.reset();
         QDir(root.path()).removeRecursively();
     }
 
@@ -120,11 +124,13 @@ private slots:
     void splashCountsDuringStartUp()
     {
         TitleClosed = 0;
-        QStringList seen;
-        w.splashCount = [&](const QString& ken, const QString& cap) { seen << ken + "|" + cap; };
         delete ui;
         ui = new CatalogueUi(w, win);
         ui->LoadList();
+        QStringList seen;
+        for (const QString& c : window->calls)
+            if (c.startsWith("Count:"))
+                seen << c.mid(6);
         QCOMPARE(seen, QStringList({"0|件 ／ 3 件", "3|件 ／ 3 件"}));
     }
 
@@ -150,14 +156,14 @@ private slots:
         QCOMPARE(int(Cfg.SortKey), 6);
         QCOMPARE(titles(),
                  QStringList({"ザルバード", "イルマータ", "ハルモニカ"})); // Fanrock = fanrock
-        QVERIFY(w.menu("mnuViewSortMakerRun(6)")->isChecked());
+        QVERIFY(menus.mnuViewSortRun[6]->isChecked());
         QVERIFY(ui->mnuPop("mnuPopSortMakerRun(6)")->isChecked());
         QVERIFY(QFile::exists(AppDir + "/TORVANE.CFG"));
         ui->lstD88_ColumnClick(3);
         QCOMPARE(int(Cfg.SortKey), 7);
         QCOMPARE(titles(), QStringList({"ハルモニカ", "ザルバード", "イルマータ"}));
-        QVERIFY(!w.menu("mnuViewSortMakerRun(6)")->isChecked());
-        QVERIFY(w.menu("mnuViewSortMakerRun(7)")->isChecked());
+        QVERIFY(!menus.mnuViewSortRun[6]->isChecked());
+        QVERIFY(menus.mnuViewSortRun[7]->isChecked());
         ui->lstD88_ColumnClick(4);
         QCOMPARE(int(Cfg.SortKey), 8);
         CfgRecord saved;
@@ -165,19 +171,19 @@ private slots:
         QCOMPARE(int(saved.SortKey), 8);
 
         // Through the menu: descending file order, with no second load behind it.
-        w.menu("mnuViewSortRegistRun(1)")->trigger();
+        menus.mnuViewSortRun[1]->trigger();
         QCOMPARE(int(Cfg.SortKey), 1);
         QCOMPARE(titles(), QStringList({"ハルモニカ", "イルマータ", "ザルバード"}));
-        QVERIFY(w.menu("mnuViewSortRegistRun(1)")->isChecked());
-        QVERIFY(!w.menu("mnuViewSortColl2Run(10)"));
+        QVERIFY(menus.mnuViewSortRun[1]->isChecked());
+        QVERIFY(!win->findChild<QAction*>("mnuViewSortColl2Run(10)"));
         ui->mnuPop("mnuPopSortTitleRun(2)")->trigger();
         QCOMPARE(int(Cfg.SortKey), 2);
-        QVERIFY(w.menu("mnuViewSortTitleRun(2)")->isChecked());
-        QVERIFY(!w.menu("mnuViewSortRegistRun(1)")->isChecked());
+        QVERIFY(menus.mnuViewSortRun[2]->isChecked());
+        QVERIFY(!menus.mnuViewSortRun[1]->isChecked());
         // A reload re-applies the key in force.
         ui->LoadList();
         QCOMPARE(titles(), QStringList({"イルマータ", "ザルバード", "ハルモニカ"}));
-        w.menu("mnuViewSortRegistRun(0)")->trigger();
+        menus.mnuViewSortRun[0]->trigger();
         QCOMPARE(titles(), QStringList({"ザルバード", "イルマータ", "ハルモニカ"}));
     }
 
@@ -193,8 +199,8 @@ private slots:
         QVERIFY(!ui->cmdEmuRun(1)->isEnabled());
         QVERIFY(!ui->cmdEmuRun(2)->isEnabled());
         QVERIFY(ui->cmdEmuRun(4)->isEnabled());
-        QVERIFY(!w.menu("mnuEmuRunEach(1)")->isEnabled());
-        QVERIFY(w.menu("mnuEmuRunEach(4)")->isEnabled());
+        QVERIFY(!menus.runEntry(1)->isEnabled());
+        QVERIFY(menus.runEntry(4)->isEnabled());
         QVERIFY(ui->mnuPop("mnuPopEmuRunEach(4)")->isEnabled());
         QVERIFY(!ui->cmdManFile(0)->isEnabled());
         QCOMPARE(ui->statusPanel1()->text(), QStringLiteral("ハルモニカ選択中．．  (HARMONI.CMT)"));
@@ -204,11 +210,11 @@ private slots:
         QVERIFY(ui->cmdEmuRun(2)->isEnabled());
         QVERIFY(!ui->cmdEmuRun(3)->isEnabled()); // not in use
         QVERIFY(ui->cmdManFile(0)->isEnabled());
-        QVERIFY(w.menu("mnuEmuRunMan")->isEnabled());
+        QVERIFY(menus.mnuEmuRunMan->isEnabled());
         QVERIFY(w.txtSyosai->toPlainText().contains("[状 態] イメージファイル直接指定"));
         QSignalSpy spy(ui, &CatalogueUi::emuRunRequested);
         ui->cmdEmuRun(2)->click();
-        w.menu("mnuEmuRunEach(1)")->trigger();
+        menus.runEntry(1)->trigger();
         QCOMPARE(spy.size(), 2);
         QCOMPARE(spy.at(0).at(0).toInt(), 2);
         QCOMPARE(spy.at(1).at(0).toInt(), 1);
@@ -314,9 +320,9 @@ private slots:
         QCOMPARE(ui->model()->rowCount(), 0);
         QVERIFY(win->windowTitle().endsWith("( 0 Images )"));
         QCOMPARE(int(Cfg.SortKey), 0);
-        QVERIFY(w.menu("mnuViewSortRegistRun(0)")->isChecked());
-        QCOMPARE(w.menu("mnuEmuRunEach(2)")->text(), QString("X mil(&M)"));
-        QCOMPARE(w.menu("mnuEmuRunEach(5)")->text(), QString("-----"));
+        QVERIFY(menus.mnuViewSortRun[0]->isChecked());
+        QCOMPARE(menus.runEntry(2)->text(), QString("X mil(&M)"));
+        QCOMPARE(menus.runEntry(5)->text(), QString("-----"));
         QCOMPARE(ui->mnuPop("mnuPopEmuRunEach(1)")->text(), QString("X1R(&X)"));
         QCOMPARE(ui->cmdEmuRun(25)->text(), QString("-----"));
         QCOMPARE(ui->cmdEmuRun(22)->text(), QString("X mil(&M)"));
@@ -335,7 +341,7 @@ private slots:
         QCOMPARE(box.texts(),
                  QStringList(
                      {"TORVANE.LSTのVersionが違います\nRECASTnn.EXEにてコンバートしてください"}));
-        QCOMPARE(startFails, 1);
+        QCOMPARE(window->calls.count("FailStart"), 1);
         QCOMPARE(tvtest::ReadBytes(AppDir + "/TORVANE.LFM"), bad);
     }
 
@@ -424,14 +430,14 @@ private slots:
         ui->PutFreeColName();
         QCOMPARE(ui->model()->headerData(3, Qt::Horizontal).toString(), QString("機種"));
         QCOMPARE(ui->model()->headerData(4, Qt::Horizontal).toString(), QString("媒体"));
-        QCOMPARE(w.menu("mnuViewSortCol1")->text(), QString("機種"));
+        QCOMPARE(menus.mnuViewSortFamily[4]->menuAction()->text(), QString("機種"));
         QCOMPARE(ui->mnuPop("mnuPopSortCol2")->text(), QString("媒体"));
         w.lstD88->setColumnWidth(0, 10);
         ui->munViewColumnClear_Click();
         QVERIFY(w.lstD88->columnWidth(0) > 200);
         ui->mnuViewGrid_Click();
         QVERIFY(w.lstD88->showGrid());
-        QVERIFY(w.menu("mnuViewGrid")->isChecked());
+        QVERIFY(menus.mnuViewGrid->isChecked());
     }
 };
 

@@ -130,10 +130,10 @@ private slots:
         QCOMPARE(w.cbxHardWare->itemText(1), QStringLiteral("FM-7 & FM77AV"));
         QVERIFY(w.fraScrCom->isVisible());
         QVERIFY(w.lstD88->showGrid());
-        QVERIFY(w.Menu("mnuViewScrCom")->isChecked());
+        QVERIFY(w.menus.mnuViewScrCom->isChecked());
         QCOMPARE(w.lstModel->headerData(3, Qt::Horizontal).toString(), QStringLiteral("年代"));
-        QVERIFY(w.Menu("mnuOptionCfg")->isEnabled());
-        QVERIFY(!w.Menu("mnuEditAddItem")->isEnabled());
+        QVERIFY(w.menus.mnuOptionCfg->isEnabled());
+        QVERIFY(!w.menus.mnuEditAddItem->isEnabled());
         QVERIFY(w.findChild<QWidget*>("fraFotter(2)")->isVisible());
         QVERIFY(!w.findChild<QWidget*>("fraFotter(0)")->isVisible());
         w.close();
@@ -172,7 +172,7 @@ private slots:
         tvtest::ScriptedMsgBox boxes;
         frmMain w;
         auto* cat = new MainCatalogue;
-        w.SetCatalogue(std::unique_ptr<CatalogueHooks>(cat));
+        w.SetCatalogue(std::unique_ptr<MainCatalogue>(cat));
         QVERIFY(w.Load(env()));
         QVERIFY(boxes.calls().empty());
         QCOMPARE(w.lstD88->model()->rowCount(), 3);
@@ -186,15 +186,15 @@ private slots:
         const char* family0[] = {"P88SR(&P)", "M88(&M)", "PC88Win(&W)", "X88000(&X)", "QUASI88(&Q)",
                                  "j80(&J)",   "-----",   "-----",       "-----"};
         for (int i = 1; i <= 9; ++i) {
-            QAction* a = w.Menu(QStringLiteral("mnuEmuRunEach(%1)").arg(i));
+            QAction* a = w.menus.runEntry(i);
             QVERIFY2(a, qPrintable(QString::number(i)));
             QCOMPARE(a->text(), QString::fromLatin1(family0[i - 1]));
             QCOMPARE(cat->Ui()->mnuPop(QStringLiteral("mnuPopEmuRunEach(%1)").arg(i))->text(),
                      QString::fromLatin1(family0[i - 1]));
         }
         w.cbxHardWare->setCurrentIndex(1);
-        QCOMPARE(w.Menu("mnuEmuRunEach(3)")->text(), QStringLiteral("EM7(&7)"));
-        QCOMPARE(w.Menu("mnuEmuRunEach(4)")->text(), QStringLiteral("-----"));
+        QCOMPARE(w.menus.runEntry(3)->text(), QStringLiteral("EM7(&7)"));
+        QCOMPARE(w.menus.runEntry(4)->text(), QStringLiteral("-----"));
         QCOMPARE(w.SelectedKey(), QString()); // a later change of family selects nothing
         w.cbxHardWare->setCurrentIndex(0);
         QCOMPARE(w.SelectedKey(), QString());
@@ -231,7 +231,7 @@ private slots:
             d->txtImageDir[1]->setText(images);
             d->cmdOK->click();
         });
-        w.Menu("mnuOptionCfg")->trigger();
+        w.menus.mnuOptionCfg->trigger();
         QCOMPARE(Cfg.DefOpt, uint8_t(1));
         QVERIFY(defOpt->isChecked());
         QVERIFY(patUse->isChecked());
@@ -273,7 +273,7 @@ private slots:
             d->Ctl<QLineEdit>("txtM88Dir")->setText(m88);
             d->cmdOK->click();
         });
-        w.Menu("mnuOptionCfg")->trigger();
+        w.menus.mnuOptionCfg->trigger();
         QCOMPARE(Cfg.M88Use, uint8_t(1));
         QVERIFY(runM88->isEnabled());
         w.close();

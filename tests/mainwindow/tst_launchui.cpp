@@ -1,4 +1,4 @@
-// The launch on a bare main window: the emulator buttons and menu entries closed with a
+// The launch on the main window: the emulator buttons and menu entries closed with a
 // tooltip where the road needs generated options, Enter on the list starting the title's
 // default emulator, and the window minimised, disabled and brought back around the run.
 #include "data/Cfg.h"
@@ -7,21 +7,24 @@
 #include "launch/Launch.h"
 #include "mainwindow/CatalogueUi.h"
 #include "mainwindow/LaunchUi.h"
+#include "mainwindow/MainCatalogue.h"
+#include "mainwindow/frmMain.h"
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 #include "support/CatalogueBytes.h"
+#include "support/ProcessState.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/TestEmu.h"
 
 #include <QAction>
 #include <QDir>
 #include <QFile>
-#include <QMainWindow>
 #include <QPushButton>
 #include <QTableView>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <optional>
 
 using namespace tv;
 
@@ -30,8 +33,8 @@ class TstLaunchUi : public QObject {
 private:
     QTemporaryDir root;
     QString r;
-    QMainWindow* win = nullptr;
-    CatalogueWidgets w;
+    std::optional<tvtest::ProcessState> state;
+    frmMain* win = nullptr;
     CatalogueUi* ui = nullptr;
     LaunchUi* launch = nullptr;
     QList<Qt::WindowStates> statesDuringRun;
@@ -49,16 +52,17 @@ private:
     }
     void select(int row)
     {
-        w.lstD88->setCurrentIndex(ui->model()->index(row, 0));
-        w.lstD88->selectRow(row);
+        win->lstD88->setCurrentIndex(ui->model()->index(row, 0));
+        win->lstD88->selectRow(row);
         ui->ShowItemDetail();
     }
-    QAction* menuEntry(int entry) { return w.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(entry)); }
+    QAction* menuEntry(int entry) { return win->menus.runEntry(entry); }
 
 private slots:
     void init()
     {
         QVERIFY(root.isValid());
+        state.emplace();
         r = root.path();
         for (const char* d : {"app/TORVBOOT", "tmp", "images", "snap", "emu"})
             QDir(r).mkpath(d);
@@ -83,11 +87,13 @@ private slots:
         writeCatalogue();
         HardWare = 2;
         TrayWindowState = 0;
+        win = new frmMain;
+        auto* catalogue = new MainCatalogue;
+        win->SetCatalogue(std::unique_ptr<MainCatalogue>(catalogue));
+        win->CreateLstObj(); // the catalogue's controls and an empty LstObj
         QVERIFY(LstObj.InitLst(2));
-        win = new QMainWindow;
-        w = CatalogueUi::BuildStandalone(win);
-        ui = new CatalogueUi(w, win);
-        launch = new LaunchUi(ui, win, w.lstD88, win);
+        ui = catalogue->Ui();
+        launch = catalogue->Launch();
         ui->LoadList();
         win->show();
     }
@@ -95,7 +101,7 @@ private slots:
     {
         delete win;
         win = nullptr;
-        QDir::setCurrent(QDir::tempPath());
+        state.reset();
         QDir(r).removeRecursively();
     }
 
@@ -124,8 +130,8 @@ private slots:
     void nothingSelectedLeavesTheBareEmulatorOpen()
     {
         Cfg.XmilCfgChk = 0;
-        w.lstD88->clearSelection();
-        w.lstD88->setCurrentIndex(QModelIndex());
+        win->lstD88->clearSelection();
+        win->lstD88->setCurrentIndex(QModelIndex());
         ui->ClearItemDetail();
         QVERIFY(ui->cmdEmuRun(22)->isEnabled());
         QVERIFY(ui->cmdEmuRun(21)->isEnabled());
@@ -152,7 +158,7 @@ private slots:
         });
         probe->start(50);
         tvtest::ScriptedMsgBox box;
-        QTest::keyClick(w.lstD88, Qt::Key_Return);
+        QTest::keyClick(win->lstD88, Qt::Key_Return);
         probe->stop();
 
         const auto runs = tvtest::ReadTestEmuLog(r + "/emu.log");
@@ -206,7 +212,7 @@ private slots:
         QVERIFY(tvtest::WriteTestEmuConfig(r + "/emu",
                                            {{"log", r + "/emu.log"}, {"exitafter", "300"}}));
         select(0);
-        QTest::keyClick(w.lstD88, Qt::Key_Return);
+        QTest::keyClick(win->lstD88, Qt::Key_Return);
         QVERIFY(tvtest::ReadTestEmuLog(r + "/emu.log").empty());
     }
 };

@@ -6,6 +6,8 @@
 #include "shell/Globals.h"
 #include "shell/ValidateCfg.h"
 #include "support/ScriptedMsgBox.h"
+#include "support/ScriptedPickers.h"
+#include "support/StubWindow.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -194,18 +196,37 @@ private slots:
         QCOMPARE(d.Ctl<QLineEdit>("txtP88srOp")->text(), QStringLiteral("-x 5"));
     }
 
+    // The browse buttons ask the pickers: an executable gives its directory, a directory
+    // picker starts at the box's trimmed text, and a cancel leaves the box as it was.
+    void browseButtonsAskThePickers()
+    {
+        tvtest::ScriptedPickers pickers;
+        pickers.file(QStringLiteral("/opt/emu/m88/M88.EXE"));
+        pickers.dir(good);
+        frmCfg d;
+        d.Ctl<QCheckBox>("chkM88Use")->click();
+        d.Ctl<QPushButton>("cmdM88Dir")->click();
+        QCOMPARE(d.Ctl<QLineEdit>("txtM88Dir")->text(), QStringLiteral("/opt/emu/m88"));
+        d.txtImageDir[0]->setText(QStringLiteral(" /start "));
+        d.Ctl<QPushButton>("cmdImageDir(0)")->click();
+        QCOMPARE(d.txtImageDir[0]->text(), good);
+        d.txtImageDir[1]->setText(QStringLiteral("/kept"));
+        d.Ctl<QPushButton>("cmdImageDir(1)")->click();
+        QCOMPARE(d.txtImageDir[1]->text(), QStringLiteral("/kept"));
+        QCOMPARE(pickers.calls, QStringList({"file:1", "dir:/start", "dir:/kept"}));
+    }
+
     void okStoresValidatesAndWrites()
     {
         tvtest::ScriptedMsgBox boxes;
-        bool told = false;
+        tvtest::StubWindow window;
         frmCfg d;
-        d.onStored = [&] { told = true; };
         d.txtImageDir[0]->setText("  " + good + " ");
         d.chkDefOpt[0]->click();
         d.cbxDefEmuRun[2]->setCurrentIndex(0);
         d.show();
         d.cmdOK->click();
-        QVERIFY(told);
+        QVERIFY(window.calls.contains("CfgStored"));
         QCOMPARE(boxes.texts(), QStringList({QStringLiteral("設定を保存しました！")}));
         QVERIFY(QFile::exists(app + "/TORVANE.CFG"));
         QCOMPARE(CfgReady, uint8_t(1));

@@ -34,7 +34,7 @@ TEST_F(StartupTest, ValidCfgStartsWithTheStepsInOrder)
 {
     WriteValidCfg([](CfgRecord& c) { c.LastHardWare = 2; });
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     EXPECT_TRUE(boxes.calls().empty());
     EXPECT_EQ(ui.msg1, QStringList({T::CheckInstance, T::CheckEnv, T::SetVars, T::ReadingCfg,
@@ -64,7 +64,7 @@ TEST_F(StartupTest, TrailingSeparatorsOfTmpAndTempAreRemoved)
     qputenv("TMP", (tmp + "///").toLocal8Bit());
     qputenv("TEMP", (temp + "/").toLocal8Bit());
     ScriptedMsgBox boxes;
-    Startup s(ui, Env(app + "/"));
+    Startup s(Env(app + "/"));
     ASSERT_TRUE(s.FormLoad());
     EXPECT_EQ(EnvTmpDir, tmp);
     EXPECT_EQ(EnvTempDir, temp);
@@ -80,7 +80,7 @@ TEST_F(StartupTest, MissingCfgShowsInfoThenDefaultsAndCancelFails)
                       Cfg.FreeColName1.trimmed() == "Free Col1";
         CfgCancel();
     };
-    Startup s(ui, Env());
+    Startup s(Env());
     EXPECT_FALSE(s.FormLoad());
     ASSERT_EQ(boxes.calls().size(), 1u);
     EXPECT_EQ(boxes.calls()[0].text, T::NoCfgText);
@@ -101,7 +101,7 @@ TEST_F(StartupTest, MissingCfgFilledInAndOkStarts)
 {
     ScriptedMsgBox boxes;
     ui.onCfgDialog = [] { CfgOk(); };
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     EXPECT_EQ(CfgReady, 1);
     EXPECT_EQ(ReadFile(app + "/TORVANE.CFG").size(), kCfgSize);
@@ -119,7 +119,7 @@ TEST_F(StartupTest, OldVersionAnsweredYesKeepsABackup)
         fileGoneInDialog = !QFileInfo::exists(app + "/TORVANE.CFG");
         CfgOk();
     };
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     ASSERT_EQ(boxes.calls().size(), 1u);
     EXPECT_EQ(boxes.calls()[0].text, T::CfgVersionDiffers);
@@ -138,7 +138,7 @@ TEST_F(StartupTest, OldVersionWhoseBackupFailsIsLeftInPlace)
     ASSERT_TRUE(QDir().mkpath(app + "/TORVANE_CFG.BAK/TORVANE.CFG/inner"));
     ScriptedMsgBox boxes;
     boxes.answer(MbResYes);
-    Startup s(ui, Env());
+    Startup s(Env());
     EXPECT_FALSE(s.FormLoad());
     ASSERT_EQ(boxes.calls().size(), 2u);
     EXPECT_EQ(boxes.calls()[0].text, T::CfgVersionDiffers);
@@ -156,7 +156,7 @@ TEST_F(StartupTest, OldVersionAnsweredNoEndsAndLeavesTheFile)
     const QByteArray old = ReadFile(app + "/TORVANE.CFG");
     ScriptedMsgBox boxes;
     boxes.answer(MbResNo);
-    Startup s(ui, Env());
+    Startup s(Env());
     EXPECT_FALSE(s.FormLoad());
     ASSERT_EQ(boxes.calls().size(), 2u);
     EXPECT_EQ(boxes.calls()[1].text, T::CfgUpdateHint);
@@ -173,7 +173,7 @@ TEST_F(StartupTest, InvalidCfgGoesToTheDialogAndItsCancelFails)
     WriteValidCfg([this](CfgRecord& c) { c.ImageDir[1] = root.path() + "/nowhere"; });
     ScriptedMsgBox boxes;
     ui.onCfgDialog = [] { CfgCancel(); };
-    Startup s(ui, Env());
+    Startup s(Env());
     EXPECT_FALSE(s.FormLoad());
     // Once at the gate, once at the re-read of the cancelled dialog.
     ASSERT_EQ(boxes.calls().size(), 2u);
@@ -187,7 +187,7 @@ TEST_F(StartupTest, TmpNamingAMissingDirectoryRefusesAlthoughTempIsGood)
     WriteValidCfg();
     qputenv("TMP", (root.path() + "/missing").toLocal8Bit());
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     EXPECT_FALSE(s.FormLoad());
     ASSERT_EQ(boxes.calls().size(), 1u);
     EXPECT_EQ(boxes.calls()[0].text, T::NoTmp);
@@ -202,7 +202,7 @@ TEST_F(StartupTest, TempNamingAMissingDirectoryRefuses)
     WriteValidCfg();
     qputenv("TEMP", (root.path() + "/missing").toLocal8Bit());
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     EXPECT_FALSE(s.FormLoad());
     ASSERT_EQ(boxes.calls().size(), 1u);
     EXPECT_EQ(boxes.calls()[0].text, T::NoTemp);
@@ -217,7 +217,7 @@ TEST_F(StartupTest, UnsetTmpFallsBackOnTmpdir)
     qunsetenv("TMP");
     qputenv("TMPDIR", tmpdir.toLocal8Bit());
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     const bool ok = s.FormLoad();
     if (savedTmpdir.isNull())
         qunsetenv("TMPDIR");
@@ -239,8 +239,8 @@ TEST_F(StartupTest, ProgramDirectoryBelowTmpOrTempOrSystemTreesIsRefused)
          {underTmp, underTemp, QStringLiteral("/etc"), QStringLiteral("/usr/share")}) {
         SCOPED_TRACE(dir.toStdString());
         ScriptedMsgBox boxes;
-        RecordingUi local;
-        Startup s(local, Env(dir));
+        StubWindow local;
+        Startup s(Env(dir));
         EXPECT_FALSE(s.FormLoad());
         ASSERT_EQ(boxes.calls().size(), 1u);
         EXPECT_EQ(boxes.calls()[0].text, T::UnsafeAppDir);
@@ -256,7 +256,7 @@ TEST_F(StartupTest, StaleBootDirAnsweredYesIsRemadeEmpty)
     WriteFile(app + "/TORVBOOT/GAME.D88", "left over");
     ScriptedMsgBox boxes;
     boxes.answer(MbResYes);
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     ASSERT_EQ(boxes.calls().size(), 1u);
     EXPECT_EQ(boxes.calls()[0].text, T::BootDirExists);
@@ -272,7 +272,7 @@ TEST_F(StartupTest, StaleBootDirAnsweredNoEndsAndTheLeftoverStays)
     WriteFile(app + "/TORVBOOT/GAME.D88", "left over");
     ScriptedMsgBox boxes;
     boxes.answer(MbResNo);
-    Startup s(ui, Env());
+    Startup s(Env());
     EXPECT_FALSE(s.FormLoad());
     ASSERT_EQ(boxes.calls().size(), 2u);
     EXPECT_EQ(boxes.calls()[1].text, T::BootDirFailed);
@@ -286,7 +286,7 @@ TEST_F(StartupTest, StaleBootDirUnderTmpGoesWithoutAQuestion)
     ASSERT_TRUE(QDir().mkpath(tmp + "/TORVBOOT/sub"));
     WriteFile(tmp + "/TORVBOOT/sub/A.LZH", "x");
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     EXPECT_TRUE(boxes.calls().empty());
     EXPECT_TRUE(isDir(tmp + "/TORVBOOT"));
@@ -299,7 +299,7 @@ TEST_F(StartupTest, SecondInstanceOfTheSameProgramIsRefused)
     auto first = AcquireInstanceLock(app + "/torvane");
     ASSERT_TRUE(first);
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     EXPECT_FALSE(s.FormLoad());
     ASSERT_EQ(boxes.calls().size(), 1u);
     EXPECT_EQ(boxes.calls()[0].text, T::TwoInstances);
@@ -313,7 +313,7 @@ TEST_F(StartupTest, CopyInAnotherDirectoryMayRunBeside)
     auto other = AcquireInstanceLock(root.path() + "/elsewhere/torvane");
     ASSERT_TRUE(other);
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     EXPECT_TRUE(s.FormLoad());
     EXPECT_TRUE(s.HoldsInstanceLock());
 }
@@ -325,7 +325,7 @@ TEST_F(StartupTest, BadCatalogueOfAnyFamilyStopsTheStart)
     WriteFile(app + "/TORVANE.LFM", "bad");
     ui.initLst = [](int f) { return f != 1; };
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     EXPECT_FALSE(s.FormLoad());
     ASSERT_EQ(boxes.calls().size(), 1u);
     EXPECT_EQ(boxes.calls()[0].text, "TORVANE.LFMが不正です。\nRECASTnnでコンバートして下さい。");
@@ -343,7 +343,7 @@ TEST_F(StartupTest, TrayAndHiddenFormStartMinimised)
         c.WinState = 1;
     });
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     EXPECT_EQ(sleeps, std::vector<int>({100, 1000, 1000}));
     EXPECT_EQ(ui.msg1.last(), T::Resident);
@@ -361,7 +361,7 @@ TEST_F(StartupTest, TrayWithFormRestoresMaximisedState)
         c.WinState = 2;
     });
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     EXPECT_EQ(TrayWindowState, 2);
 }
@@ -370,7 +370,7 @@ TEST_F(StartupTest, TrayWithoutHiddenForm)
 {
     WriteValidCfg([](CfgRecord& c) { c.TaskIn = 1; });
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     EXPECT_EQ(sleeps, std::vector<int>({100, 1000, 1000}));
     const QStringList tail = ui.calls.mid(ui.calls.indexOf("SetTaskIcon"));
@@ -385,7 +385,7 @@ TEST_F(StartupTest, NoSystemTrayRunsAsIfTheOptionWereOff)
     });
     ui.trayAvailable = false;
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     EXPECT_FALSE(ui.calls.contains("SetTaskIcon"));
     EXPECT_EQ(ui.msg1.last(), T::Starting);
@@ -398,7 +398,7 @@ TEST_F(StartupTest, ShutDownStoresStateWritesTheFileAndRemovesWorkDir)
         c.LastHardWare = 1;
     });
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     HardWare = 1;
     ui.selectedKey = "Y1234";
@@ -425,7 +425,7 @@ TEST_F(StartupTest, ShutDownWithoutSelectionSaveStoresZero)
 {
     WriteValidCfg([](CfgRecord& c) { c.LstSelectPos = 77; });
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     ui.selectedKey = "K25";
     s.FormUnload();
@@ -457,7 +457,7 @@ TEST_F(StartupTest, ShutDownKeepsAWorkDirWithFilesAndStopsThere)
 {
     WriteValidCfg();
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     WriteFile(app + "/TORVBOOT/LEFT.D88", "x");
     s.FormUnload();
@@ -469,7 +469,7 @@ TEST_F(StartupTest, ShutDownAfterARemovedCfgWritesNothing)
 {
     WriteValidCfg();
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     QFile::remove(app + "/TORVANE.CFG");
     s.FormUnload();

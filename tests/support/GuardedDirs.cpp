@@ -9,8 +9,6 @@
 namespace tvtest {
 
 GuardedDirs::GuardedDirs()
-    : envTmp_(tv::EnvTmpDir), envTemp_(tv::EnvTempDir), windows_(tv::WindowsDir),
-      system_(tv::SystemDir), app_(tv::AppDir), peek_(tv::PeekDir)
 {
     QDir().mkpath(app());
     QDir().mkpath(tmp());
@@ -23,15 +21,7 @@ GuardedDirs::GuardedDirs()
     tv::PeekDir = tmp() + QStringLiteral("/TORVBOOT");
 }
 
-GuardedDirs::~GuardedDirs()
-{
-    tv::EnvTmpDir = envTmp_;
-    tv::EnvTempDir = envTemp_;
-    tv::WindowsDir = windows_;
-    tv::SystemDir = system_;
-    tv::AppDir = app_;
-    tv::PeekDir = peek_;
-}
+GuardedDirs::~GuardedDirs() = default;
 
 bool WriteFile(const QString& path, const QByteArray& bytes)
 {

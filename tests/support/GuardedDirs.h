@@ -2,8 +2,10 @@
 // A fresh temporary root for tests of code guarded by IsSafeDir: "app" (the program
 // directory), "tmp" and "temp" (the test's TMP and TEMP) side by side, so that the program
 // directory does not lie inside TMP. Sets EnvTmpDir, EnvTempDir, WindowsDir ("/etc"),
-// SystemDir ("/usr"), AppDir and PeekDir (tmp/TORVBOOT, not made) and puts the previous
-// values back when it goes.
+// SystemDir ("/usr"), AppDir and PeekDir (tmp/TORVBOOT, not made); the process state
+// (ProcessState.h) goes back as it was when it goes.
+#include "support/ProcessState.h"
+
 #include <QString>
 #include <QTemporaryDir>
 
@@ -26,7 +28,7 @@ public:
 
 private:
     QTemporaryDir root_;
-    QString envTmp_, envTemp_, windows_, system_, app_, peek_;
+    ProcessState state_; // after root_: back before the directory goes
 };
 
 // Writes `bytes` to `path`, making parent directories; false on failure.

@@ -14,6 +14,8 @@
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
 #include "support/GuardedDirs.h"
+#include "support/ProcessState.h"
+#include "support/StubWindow.h"
 #include "support/TestEmu.h"
 
 #include <QCoreApplication>
@@ -76,8 +78,8 @@ protected:
             PatSaveDir[f] = r_ + "/pat";
         }
         M88SaveDir = P88SaveDir = r_ + "/save";
-        launchHooks.hasSelectedItem = [] { return true; };
-        launchHooks.setStatusText = [this](const QString& s) { status_ = s; };
+        window_.emplace();
+        window_->hasSelectedItem = true;
         log_ = r_ + "/emu.log";
         ClearInputLog();
         ResetItemBlock();
@@ -85,8 +87,8 @@ protected:
     void TearDown() override
     {
         ResetItemBlock();
-        tv::launchHooks = {};
-        QDir::setCurrent(QCoreApplication::applicationDirPath());
+        window_.reset();
+        saved_.reset();
     }
 
     // Installs the test emulator for a code in its own directory with the given actions.
@@ -201,20 +203,10 @@ protected:
         return out;
     }
 
-    struct Saved {
-        QString tmp = tv::EnvTmpDir, temp = tv::EnvTempDir, win = tv::WindowsDir,
-                sys = tv::SystemDir, app = tv::AppDir, work = tv::WorkDir, peek = tv::PeekDir;
-        uint8_t hw = tv::HardWare;
-        ~Saved()
-        {
-            using namespace tv;
-            EnvTmpDir = tmp, EnvTempDir = temp, WindowsDir = win, SystemDir = sys;
-            AppDir = app, WorkDir = work, PeekDir = peek, HardWare = hw;
-        }
-    };
     QTemporaryDir root_;
-    QString r_, log_, status_;
-    std::optional<Saved> saved_;
+    QString r_, log_;
+    std::optional<StubWindow> window_; // a row selected unless the test says otherwise
+    std::optional<ProcessState> saved_;
 };
 
 } // namespace tvtest
