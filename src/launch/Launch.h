@@ -33,17 +33,6 @@ struct LaunchHooks {
 };
 inline LaunchHooks launchHooks;
 
-// The generated configuration text of an emulator, made from the option block that DefOpt
-// chooses. Each adapter sets its maker; a road that needs a missing maker stays closed.
-struct OptionMakers {
-    std::function<QString(const EmuOpt88&)> pc88win;               // "PC88WIN.INI"
-    std::function<QString(const EmuOptFM&)> xm7win;                // "XM7.INI"
-    std::function<QString(const EmuOptFM&)> em7;                   // "EM7.INI"
-    std::function<QString(const EmuOptX1&, uint8_t TuneUse)> xmil; // "Xmillennium.ini"
-    std::function<QString(const EmuOptX1&)> winx1;                 // "winx1.ini" / "WinX1_ika.ini"
-};
-inline OptionMakers optionMakers;
-
 // One of the thirteen codes of the table.
 bool IsLaunchCode(int EmuCode);
 // The family of a code, or -1.
@@ -53,7 +42,7 @@ QString EmuExeName(int EmuCode, const CfgRecord& cfg = Cfg);
 QString EmuDirOf(int EmuCode, const CfgRecord& cfg = Cfg, uint8_t TuneUse = 0);
 
 // Whether the launch of a title on this emulator can run as the configuration stands; when
-// it can't, `why` gets the text that tells the user (the button's tooltip).
+// it can't, `why` gets the text that tells the user (the button's tooltip). Its adapter says.
 bool LaunchRoadReady(int EmuCode, const CfgRecord& cfg = Cfg, QString* why = nullptr);
 
 // The press of cmdEmuRun(EmuCode). Failures end in the messages of the launch or silently.
@@ -79,7 +68,7 @@ LaunchCommand EmulatorOnlyCommand(uint8_t HardWare, int16_t EmuCode);
 // for the emulator are left out).
 struct LaunchTimings {
     qint64 stage1Ns = 0;
-    qint64 stage2StagingNs = 0; // steps 1 to 11 and 15 to 23 of the frame
+    qint64 stage2StagingNs = 0; // the frame but the run itself
     qint64 stage3Ns = 0;
 };
 inline LaunchTimings lastLaunchTimings;

@@ -1,6 +1,7 @@
 // The launch on a bare main window: the emulator buttons and menu entries closed with a
 // tooltip where the road needs generated options, Enter on the list starting the title's
 // default emulator, and the window minimised, disabled and brought back around the run.
+#include "adapters/Adapters.h"
 #include "data/Cfg.h"
 #include "data/ItemDetail.h"
 #include "data/clsLst.h"
@@ -56,6 +57,7 @@ private:
     QAction* menuEntry(int entry) { return w.menu(QStringLiteral("mnuEmuRunEach(%1)").arg(entry)); }
 
 private slots:
+    void initTestCase() { RegisterAdapters(); }
     void init()
     {
         QVERIFY(root.isValid());
