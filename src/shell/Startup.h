@@ -3,6 +3,7 @@
 // the main window takes input, the configuration gate, and what is stored at exit. The windows
 // are reached through StartupUi, so the whole sequence runs headless in tests.
 #include "platform/Platform.h"
+#include "shell/SubFunction.h"
 
 #include <QString>
 #include <array>
@@ -131,10 +132,6 @@ private:
     bool trayOn_ = false; // TaskIn in force for this run
     std::unique_ptr<InstanceLock> lock_;
 };
-
-// Removes every trailing "/" or "\" one at a time, as the start-up does with TMP, TEMP and the
-// program directory; a root "/" stays.
-QString TrimTrailingSeparators(QString path);
 
 // The seek pointer behind the key's first character ("K25" -> 25), 0 when there is none.
 int32_t SeekPointerOfKey(const QString& key);
