@@ -2,8 +2,6 @@
 // The road of one launch, from the press of an emulator button to the return to the list:
 // stage 1 puts the title into WorkDir, stage 2 is the frame around one emulator run, stage 3
 // (CheckRepack) sends back what changed. With nothing selected the bare emulator starts.
-#include "adapters/fm7x1/EmuOptFMX1.h"
-#include "adapters/pc88/EmuOpt88.h"
 #include "data/Cfg.h"
 #include "launch/LaunchCommand.h"
 #include "launch/Repack.h"
