@@ -1,6 +1,7 @@
 // Runs launches of a plain 1 MB image (XM7 for DOS) and of a ZIP with a two-disk D88 that
 // X millennium changes, so that it is split, joined and re-packed, and prints the median and
 // the worst time of each stage in milliseconds.
+#include "adapters/Adapters.h"
 #include "data/ByteCodec.h"
 #include "data/Cfg.h"
 #include "data/clsLst.h"
@@ -80,6 +81,7 @@ int main(int argc, char** argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
+    tv::RegisterAdapters();
     const int n = argc > 1 ? std::max(1, atoi(argv[1])) : 10;
 
     QTemporaryDir root;

@@ -1,5 +1,6 @@
 #include "data/ItemDetail.h"
 
+#include "data/EmuRegistry.h"
 #include "data/clsLst.h"
 #include "shell/Globals.h"
 #include "shell/SubFunction.h"
@@ -12,104 +13,29 @@ namespace tv {
 
 std::vector<int> FamilyEmuCodes(int family)
 {
-    switch (family) {
-    case 0:
-        return {1, 2, 3, 4, 5, 6};
-    case 1:
-        return {11, 12, 13};
-    case 2:
-        return {21, 22, 23, 24};
-    default:
-        return {};
-    }
+    std::vector<int> codes;
+    for (const EmuRow& r : EmuRows())
+        if (r.family == family)
+            codes.push_back(r.code());
+    return codes;
 }
 
 int FamilyOfEmuCode(int emuCode)
 {
-    if (emuCode >= 1 && emuCode <= 6)
-        return 0;
-    if (emuCode >= 11 && emuCode <= 13)
-        return 1;
-    if (emuCode >= 21 && emuCode <= 24)
-        return 2;
-    return -1;
+    const EmuRow* r = FindEmu(emuCode);
+    return r ? r->family : -1;
 }
 
 bool EmuInUse(int emuCode, const CfgRecord& c)
 {
-    uint8_t flag = 0;
-    switch (emuCode) {
-    case 1:
-        flag = c.P88srUse;
-        break;
-    case 2:
-        flag = c.M88Use;
-        break;
-    case 3:
-        flag = c.PC88WinUse;
-        break;
-    case 4:
-        flag = c.X88kUse;
-        break;
-    case 5:
-        flag = c.QUASI88Use;
-        break;
-    case 6:
-        flag = c.J80Use;
-        break;
-    case 11:
-        flag = c.Xm7DosUse;
-        break;
-    case 12:
-        flag = c.Xm7WinUse;
-        break;
-    case 13:
-        flag = c.Em7WinUse;
-        break;
-    case 21:
-        flag = c.X1rUse;
-        break;
-    case 22:
-        flag = c.XmilUse;
-        break;
-    case 23:
-        flag = c.X1emuUse;
-        break;
-    case 24:
-        flag = c.WinX1Use;
-        break;
-    default:
-        flag = 0;
-    }
-    return flag == 1;
+    const EmuRow* r = FindEmu(emuCode);
+    return r && r->inUse(c);
 }
 
 bool IsEmuImage(int emuCode, const QString& ext)
 {
-    static const std::vector<std::pair<int, std::vector<const char*>>> table = {
-        {1, {"D88", "T88"}},
-        {2, {"D88", "T88"}},
-        {3, {"D88"}},
-        {4, {"D88", "T88", "CMT", "N80"}},
-        {5, {"D88"}},
-        {6, {"D88", "T88", "CMT"}},
-        {11, {"D77", "2D", "T77"}},
-        {12, {"D77", "2D", "T77", "VFD"}},
-        {13, {"VFD", "VTP"}},
-        {21, {"D88", "2D", "TAP"}},
-        {22, {"D88", "2D", "TAP"}},
-        {23, {"D88", "2D", "TAP"}},
-        {24, {"D88", "2D"}},
-    };
-    for (const auto& [code, types] : table) {
-        if (code != emuCode)
-            continue;
-        for (const char* t : types)
-            if (ext == QLatin1String(t))
-                return true;
-        return false;
-    }
-    return false;
+    const EmuRow* r = FindEmu(emuCode);
+    return r && r->takesType(ext);
 }
 
 bool EmuEnabledForItem(int emuCode, const QString& startFileName, const CfgRecord& c)
@@ -119,23 +45,20 @@ bool EmuEnabledForItem(int emuCode, const QString& startFileName, const CfgRecor
     const QString ext = GetFileExt(startFileName);
     if (!IsEmuImage(emuCode, ext))
         return false;
-    if (emuCode == 22 && ext == QLatin1String("TAP")) {
-        // Only the T-Tune build of X mil reads tapes.
-        const QString dir = VbTrim(c.XmilTDir);
-        return IsSafeDir(dir, 3, 0) && IsSafeDir(dir + QStringLiteral("/Xmillennium.exe"), 2, 0);
+    const EmuRow& row = *FindEmu(emuCode);
+    if (row.tuneDir && ext == QLatin1String("TAP")) {
+        // Only the T-Tune build reads tapes.
+        const QString dir = row.dirOf(c, 1);
+        return IsSafeDir(dir, 3, 0) && IsSafeDir(dir + u'/' + row.exeName(c), 2, 0);
     }
     return true;
 }
 
 QString EmuRunCaption(int family, int entry)
 {
-    static const char* captions[3][6] = {
-        {"P88SR(&P)", "M88(&M)", "PC88Win(&W)", "X88000(&X)", "QUASI88(&Q)", "j80(&J)"},
-        {"XM7dos(&D)", "XM7win(&W)", "EM7(&7)", nullptr, nullptr, nullptr},
-        {"X1R(&X)", "X mil(&M)", "X1EMU(&U)", "WinX1(&W)", nullptr, nullptr},
-    };
-    if (family >= 0 && family < 3 && entry >= 1 && entry <= 6 && captions[family][entry - 1])
-        return QString::fromLatin1(captions[family][entry - 1]);
+    for (const EmuRow& r : EmuRows())
+        if (r.family == family && r.entry == entry)
+            return r.captionText();
     return QStringLiteral("-----");
 }
 

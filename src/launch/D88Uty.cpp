@@ -45,13 +45,6 @@ bool HeaderIsValid(const D88Header& h)
     return h.size >= 1 && h.size <= kD88MaxDiskSize;
 }
 
-QString TrimTrailingSeparators(QString dir)
-{
-    while (!dir.isEmpty() && (dir.endsWith(QLatin1Char('\\')) || dir.endsWith(QLatin1Char('/'))))
-        dir.chop(1);
-    return dir;
-}
-
 // The disk name of a header as a file-name part: NULs as blanks, trimmed, characters that
 // can't stand in a file name (or that some emulators' dialogs take as patterns) replaced.
 QString PieceDiskName(const QByteArray& header)

@@ -3,13 +3,9 @@
 // emulator's own configuration file under its ".ORG" name. None of these procedures reports
 // anything: the results of copies and deletes are ignored, and an emulator that misses a
 // file will say so itself.
-#include "adapters/fm7x1/EmuOptFMX1.h"
-#include "adapters/pc88/EmuOpt88.h"
-
 #include <QString>
 #include <QStringList>
 #include <cstdint>
-#include <functional>
 
 namespace tv {
 
@@ -38,10 +34,8 @@ void UnstageDos4gw(uint8_t HardWare, int16_t EmuCode);
 // The driver for a real sound chip on a PCI card, in the order it is copied.
 inline const QStringList kPciDebugFiles{"PCIDEBUG.DLL", "Pcidebug.sys", "pcidbg95.vxd"};
 
-// Whether the driver is needed for the code with these records, and from which directory.
-bool PciDebugNeeded(int16_t EmuCode, const EmuOpt88& opt88, const EmuOptX1& optX1,
-                    QString& sourceDir);
-// Flag is cleared and has no other use.
+// Copied from the family's .PAT directory when the emulator's adapter wants the driver for
+// this launch. Flag is cleared and has no other use.
 void StagePciDebug(uint8_t& Flag, int16_t EmuCode, uint8_t DefOpt);
 void UnstagePciDebug(uint8_t& Flag, int16_t EmuCode);
 

@@ -2,8 +2,6 @@
 // The road of one launch, from the press of an emulator button to the return to the list:
 // stage 1 puts the title into WorkDir, stage 2 is the frame around one emulator run, stage 3
 // (CheckRepack) sends back what changed. With nothing selected the bare emulator starts.
-#include "adapters/fm7x1/EmuOptFMX1.h"
-#include "adapters/pc88/EmuOpt88.h"
 #include "data/Cfg.h"
 #include "launch/LaunchCommand.h"
 #include "launch/Repack.h"
@@ -22,16 +20,6 @@ inline const QString kJoinErrorText = QStringLiteral("D88の結合に失敗し�
 inline const QString kLaunchStatusText = QStringLiteral("Emulator起動中．．");
 inline const QString kFmPanFile = QStringLiteral("FMPAN.D88");
 
-// The generated configuration text of an emulator, made from the option block that DefOpt
-// chooses. Each adapter sets its maker; a road that needs a missing maker stays closed.
-struct OptionMakers {
-    std::function<QString(const EmuOpt88&)> pc88win;               // "PC88WIN.INI"
-    std::function<QString(const EmuOptFM&)> xm7win;                // "XM7.INI"
-    std::function<QString(const EmuOptFM&)> em7;                   // "EM7.INI"
-    std::function<QString(const EmuOptX1&, uint8_t TuneUse)> xmil; // "Xmillennium.ini"
-    std::function<QString(const EmuOptX1&)> winx1;                 // "winx1.ini" / "WinX1_ika.ini"
-};
-inline OptionMakers optionMakers;
 
 // One of the thirteen codes of the table.
 bool IsLaunchCode(int EmuCode);
@@ -42,7 +30,7 @@ QString EmuExeName(int EmuCode, const CfgRecord& cfg = Cfg);
 QString EmuDirOf(int EmuCode, const CfgRecord& cfg = Cfg, uint8_t TuneUse = 0);
 
 // Whether the launch of a title on this emulator can run as the configuration stands; when
-// it can't, `why` gets the text that tells the user (the button's tooltip).
+// it can't, `why` gets the text that tells the user (the button's tooltip). Its adapter says.
 bool LaunchRoadReady(int EmuCode, const CfgRecord& cfg = Cfg, QString* why = nullptr);
 
 // The press of cmdEmuRun(EmuCode). Failures end in the messages of the launch or silently.
@@ -68,7 +56,7 @@ LaunchCommand EmulatorOnlyCommand(uint8_t HardWare, int16_t EmuCode);
 // for the emulator are left out).
 struct LaunchTimings {
     qint64 stage1Ns = 0;
-    qint64 stage2StagingNs = 0; // steps 1 to 11 and 15 to 23 of the frame
+    qint64 stage2StagingNs = 0; // the frame but the run itself
     qint64 stage3Ns = 0;
 };
 inline LaunchTimings lastLaunchTimings;

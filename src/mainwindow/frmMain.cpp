@@ -2,6 +2,7 @@
 
 #include "shell/Help.h"
 
+#include "adapters/Adapters.h"
 #include "data/Cfg.h"
 #include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmTitle.h"
@@ -203,6 +204,8 @@ double frmMain::TwipsPerPixel() const
 
 bool frmMain::Load(StartupEnv env)
 {
+    // Every emulator's launch adapter, before anything can ask whether a road is ready.
+    RegisterAdapters();
     startup_ = std::make_unique<Startup>(std::move(env));
     return startup_->FormLoad();
 }

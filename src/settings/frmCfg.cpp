@@ -5,6 +5,7 @@
 #include "adapters/OptionDialogs_ui.h"
 #include "data/Cfg.h"
 #include "launch/MainWindowLink.h"
+#include "data/EmuRegistry.h"
 #include "platform/MsgBox.h"
 #include "settings/FilePickers.h"
 #include "shell/Globals.h"
@@ -25,61 +26,6 @@
 #include <QVBoxLayout>
 
 namespace tv {
-
-struct frmCfg::Emu {
-    const char* key; // chk<key>Use, fra<key>Use, txt<key>Dir, cmd<key>Dir
-    int family;
-    int listIndex; // entry of cbxDefEmuRun
-    const char* listName;
-    const char* caption;
-    uint8_t CfgRecord::*use;
-    QString CfgRecord::*dir;
-    const char* saveKey; // txt<saveKey>SaveDir, or null
-    QString CfgRecord::*saveDir;
-    const char* flagKey; // chk<flagKey>CfgChk and chk<flagKey>AllScr, or null
-    uint8_t CfgRecord::*cfgChk;
-    uint8_t CfgRecord::*allScr;
-    const char* opButton; // or null
-    const char* opText;   // or null
-    SelectKind kind;
-};
-
-using R = CfgRecord;
-
-// In the order of the families' lists.
-static const frmCfg::Emu kEmus[] = {
-    {"P88sr", 0, 1, "P88SR", "P88SRを使用する", &R::P88srUse, &R::P88srDir, "P88", &R::P88SaveDir,
-     nullptr, nullptr, nullptr, "cmdP88srOp", "txtP88srOp", SelectKind::P88sr},
-    {"M88", 0, 2, "M88", "M88を使用する", &R::M88Use, &R::M88Dir, "M88", &R::M88SaveDir, "M88",
-     &R::M88CfgChk, &R::M88AllScr, "cmdM88Op", nullptr, SelectKind::M88},
-    {"PC88Win", 0, 3, "PC88Win", "PC88Winを使用する", &R::PC88WinUse, &R::PC88WinDir, nullptr,
-     nullptr, "Pc8", &R::Pc8CfgChk, &R::Pc8AllScr, "cmdPc8Op", nullptr, SelectKind::PC88Win},
-    {"X88k", 0, 4, "X88000", "X88000を使用する", &R::X88kUse, &R::X88kDir, nullptr, nullptr, "X88",
-     &R::X88CfgChk, &R::X88AllScr, "cmdX88Op", nullptr, SelectKind::X88k},
-    {"QUASI88", 0, 5, "QUASI88", "QUASI88を使用する", &R::QUASI88Use, &R::QUASI88Dir, "QUASI88",
-     &R::QUASI88SaveDir, "Q88", &R::Q88CfgChk, &R::Q88AllScr, "cmdQ88Op", nullptr,
-     SelectKind::QUASI88},
-    {"J80", 0, 6, "j80", "j80を使用する", &R::J80Use, &R::J80Dir, nullptr, nullptr, "J80",
-     &R::J80CfgChk, &R::J80AllScr, "cmdJ80Op", nullptr, SelectKind::J80},
-    {"Xm7Dos", 1, 1, "XM7 for DOS", "XM7 for DOSを使用する", &R::Xm7DosUse, &R::Xm7DosDir, "Xm7Dos",
-     &R::Xm7DosSaveDir, nullptr, nullptr, nullptr, nullptr, nullptr, SelectKind::Xm7Dos},
-    {"Xm7Win", 1, 2, "XM7 for Win32", "XM7 for Win32を使用する", &R::Xm7WinUse, &R::Xm7WinDir,
-     "Xm7Win", &R::Xm7WinSaveDir, "Xm7Win", &R::Xm7WinCfgChk, &R::Xm7WinAllScr, "cmdXm7WinOp",
-     nullptr, SelectKind::Xm7Win},
-    {"Em7Win", 1, 3, "Em7 for Win32", "EM7 for Win32を使用する", &R::Em7WinUse, &R::Em7WinDir,
-     nullptr, nullptr, "Em7Win", &R::Em7WinCfgChk, &R::Em7WinAllScr, "cmdEm7WinOp", nullptr,
-     SelectKind::Em7Win},
-    {"X1r", 2, 1, "X1R", "X1EMU Real (X1R)を使用する", &R::X1rUse, &R::X1rDir, nullptr, nullptr,
-     nullptr, nullptr, nullptr, "cmdX1rOp", "txtX1rOp", SelectKind::X1r},
-    {"Xmil", 2, 2, "Xmillennium", "X millenniumを使用する", &R::XmilUse, &R::XmilDir, "Xmil",
-     &R::XmilSaveDir, "Xmil", &R::XmilCfgChk, &R::XmilAllScr, "cmdXmilOp", nullptr,
-     SelectKind::Xmil},
-    {"X1emu", 2, 3, "X1EMU", "X1EMUを使用する", &R::X1emuUse, &R::X1emuDir, nullptr, nullptr,
-     nullptr, nullptr, nullptr, "cmdX1emuOp", "txtX1emuOp", SelectKind::X1emu},
-    {"WinX1", 2, 4, "WinX1", "WinX1を使用する", &R::WinX1Use, &R::WinX1Dir, "WinX1",
-     &R::WinX1SaveDir, "WinX1", &R::WinX1CfgChk, &R::WinX1AllScr, "cmdWinX1Op", nullptr,
-     SelectKind::WinX1},
-};
 
 namespace {
 
@@ -193,9 +139,9 @@ void frmCfg::BuildFamilyPage(int family)
     auto* cbx = new QComboBox(dirs);
     cbx->setObjectName(Idx("cbxDefEmuRun", family));
     cbx->addItem(QStringLiteral("未設定"));
-    for (int k = 0; k < int(std::size(kEmus)); ++k)
-        if (kEmus[k].family == family)
-            cbx->addItem(S(kEmus[k].listName));
+    for (const EmuRow& e : EmuRows())
+        if (e.family == family)
+            cbx->addItem(S(e.listName));
     cbx->setMinimumWidth(150);
     cbxDefEmuRun[family] = cbx;
     row->addWidget(cbx);
@@ -239,10 +185,10 @@ void frmCfg::BuildFamilyPage(int family)
     auto* grid = new QGridLayout;
     grid->setSpacing(4);
     int n = 0;
-    for (int k = 0; k < int(std::size(kEmus)); ++k) {
-        if (kEmus[k].family != family)
+    for (const EmuRow& e : EmuRows()) {
+        if (e.family != family)
             continue;
-        grid->addWidget(BuildEmuFrame(kEmus[k], page), n / 2, n % 2);
+        grid->addWidget(BuildEmuFrame(e, page), n / 2, n % 2);
         ++n;
     }
     v->addLayout(grid);
@@ -258,7 +204,7 @@ QFrame* frmCfg::BuildEmuFrame(const Emu& e, QWidget* parent)
     auto* v = new QVBoxLayout(box);
     v->setContentsMargins(6, 4, 6, 4);
     v->setSpacing(2);
-    auto* use = new QCheckBox(S(e.caption), box);
+    auto* use = new QCheckBox(S(e.useCaption), box);
     use->setObjectName(QStringLiteral("chk") + key + QStringLiteral("Use"));
     QFont bold = use->font();
     bold.setBold(true);
@@ -297,7 +243,7 @@ QFrame* frmCfg::BuildEmuFrame(const Emu& e, QWidget* parent)
     auto [dirTxt, dirCmd] =
         textRow(QStringLiteral("EXE"), QStringLiteral("txt") + key + QStringLiteral("Dir"),
                 QStringLiteral("cmd") + key + QStringLiteral("Dir"));
-    exeButton(dirTxt, dirCmd, e.kind);
+    exeButton(dirTxt, dirCmd, SelectKindOf(e));
     if (key == QStringLiteral("WinX1"))
         connect(dirTxt, &QLineEdit::textChanged, this, [this] { UpdateIkaRule(); });
     if (key == QStringLiteral("Xmil")) {
@@ -379,7 +325,7 @@ void frmCfg::chkUse_Click(const Emu& e)
         Ctl<QCheckBox>(QStringLiteral("chk") + key + QStringLiteral("Use"))->isChecked();
     Ctl<QFrame>(QStringLiteral("fra") + key + QStringLiteral("Use"))->setEnabled(on);
     if (auto* m = qobject_cast<QStandardItemModel*>(cbxDefEmuRun[e.family]->model()))
-        m->item(e.listIndex)->setEnabled(on);
+        m->item(e.entry)->setEnabled(on);
     if (key == QStringLiteral("WinX1"))
         UpdateIkaRule();
 }
@@ -445,7 +391,7 @@ void frmCfg::RefreshOptionTexts()
 void frmCfg::LoadFromCfg()
 {
     // Flags first: the text boxes' change rules may then clear what no longer applies.
-    for (const auto& e : kEmus) {
+    for (const EmuRow& e : EmuRows()) {
         const QString key = S(e.key);
         Ctl<QCheckBox>(QStringLiteral("chk") + key + QStringLiteral("Use"))
             ->setChecked(Cfg.*e.use == 1);
@@ -472,7 +418,7 @@ void frmCfg::LoadFromCfg()
         txtPatSaveDir[i]->setText(VbTrim(Cfg.PatSaveDir[i]));
         txtManDir[i]->setText(VbTrim(Cfg.ManDir[i]));
     }
-    for (const auto& e : kEmus) {
+    for (const EmuRow& e : EmuRows()) {
         Ctl<QLineEdit>(QStringLiteral("txt") + S(e.key) + QStringLiteral("Dir"))
             ->setText(VbTrim(Cfg.*e.dir));
         if (e.saveKey)
@@ -488,7 +434,7 @@ void frmCfg::LoadFromCfg()
                             Cfg.CfgEmuOptX1.DefEmuRun};
     for (int i = 0; i < 3; ++i)
         cbxDefEmuRun[i]->setCurrentIndex(def[i] < cbxDefEmuRun[i]->count() ? def[i] : 0);
-    for (const auto& e : kEmus)
+    for (const EmuRow& e : EmuRows())
         chkUse_Click(e);
     RefreshOptionTexts();
 }
@@ -519,7 +465,7 @@ bool frmCfg::StoreCfg(bool unload)
         Cfg.PatSaveDir[i] = VbTrim(txtPatSaveDir[i]->text());
         Cfg.ManDir[i] = VbTrim(txtManDir[i]->text());
     }
-    for (const auto& e : kEmus) {
+    for (const EmuRow& e : EmuRows()) {
         Cfg.*e.dir = text(QStringLiteral("txt") + S(e.key) + QStringLiteral("Dir"));
         if (e.saveKey)
             Cfg.*e.saveDir = text(QStringLiteral("txt") + S(e.saveKey) + QStringLiteral("SaveDir"));
@@ -527,7 +473,7 @@ bool frmCfg::StoreCfg(bool unload)
     Cfg.XmilTDir = text(QStringLiteral("txtXmilTDir"));
     Cfg.FmPanFile = VbTrim(txtFmPanFile->text());
 
-    for (const auto& e : kEmus) {
+    for (const EmuRow& e : EmuRows()) {
         Cfg.*e.use = flag(QStringLiteral("chk") + S(e.key) + QStringLiteral("Use"));
         if (e.flagKey) {
             Cfg.*e.cfgChk = flag(QStringLiteral("chk") + S(e.flagKey) + QStringLiteral("CfgChk"));

@@ -44,7 +44,7 @@ public:
     // cmdOK and cmdApply: store, check, write. True when the record was written.
     bool StoreCfg(bool unload);
 
-    struct Emu; // one emulator's controls and fields
+    using Emu = EmuRow; // one emulator's controls and fields
 
 protected:
     void done(int r) override;

@@ -12,13 +12,6 @@
 
 namespace tv {
 
-QString TrimTrailingSeparators(QString path)
-{
-    while (path.size() > 1 && (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\'))))
-        path.chop(1);
-    return path;
-}
-
 int32_t SeekPointerOfKey(const QString& key)
 {
     bool ok = false;

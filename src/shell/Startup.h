@@ -5,6 +5,7 @@
 // headless in tests.
 #include "launch/MainWindowLink.h"
 #include "platform/Platform.h"
+#include "shell/SubFunction.h"
 
 #include <QString>
 #include <array>
@@ -88,10 +89,6 @@ private:
     bool trayOn_ = false; // TaskIn in force for this run
     std::unique_ptr<InstanceLock> lock_;
 };
-
-// Removes every trailing "/" or "\" one at a time, as the start-up does with TMP, TEMP and the
-// program directory; a root "/" stays.
-QString TrimTrailingSeparators(QString path);
 
 // The seek pointer behind the key's first character ("K25" -> 25), 0 when there is none.
 int32_t SeekPointerOfKey(const QString& key);

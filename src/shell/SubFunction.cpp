@@ -67,13 +67,6 @@ QFileInfoList MatchEntries(const QString& dir, const QString& pattern, bool with
     return out;
 }
 
-QString StripTrailingSeps(QString s)
-{
-    while (s.size() > 1 && (s.endsWith(QLatin1Char('/')) || s.endsWith(QLatin1Char('\\'))))
-        s.chop(1);
-    return s;
-}
-
 // Code point at `i`: its length in UTF-16 units and in Shift-JIS bytes.
 int CodePointUnits(const QString& s, qsizetype i)
 {
@@ -226,7 +219,7 @@ QFileInfoList ExpandSource(const QString& src, bool* pattern)
         const QString dir = sep < 0 ? QStringLiteral(".") : (sep == 0 ? "/" : src.left(sep));
         return MatchEntries(dir, name, true);
     }
-    return {QFileInfo(StripTrailingSeps(src))};
+    return {QFileInfo(TrimTrailingSeparators(src))};
 }
 
 bool Confirm(int operation, const QString& src, const QString& dst)
@@ -262,7 +255,7 @@ bool PerformFileOp(const QString& src, const QString& dst, int operation)
             ok = RemoveEntry(fi) && ok;
         return ok;
     }
-    const QString target = StripTrailingSeps(dst);
+    const QString target = TrimTrailingSeparators(dst);
     const QFileInfo t(target);
     bool intoDir = pattern;
     if (pattern) {
@@ -391,7 +384,7 @@ QString GetShortPath(const QString& path)
     const QFileInfo fi(t);
     if (!fi.exists())
         return {};
-    const QString stripped = StripTrailingSeps(t);
+    const QString stripped = TrimTrailingSeparators(t);
     const QString name = stripped.mid(stripped.lastIndexOf(QLatin1Char('/')) + 1);
     if (name.isEmpty())
         return t; // the root
@@ -674,6 +667,13 @@ bool IsArcExt(const QString& ext)
 bool IsManualExt(const QString& ext)
 {
     return FindInColumn(ext, 5, 19);
+}
+
+QString TrimTrailingSeparators(QString path)
+{
+    while (path.size() > 1 && (path.endsWith(QLatin1Char('/')) || path.endsWith(QLatin1Char('\\'))))
+        path.chop(1);
+    return path;
 }
 
 } // namespace tv

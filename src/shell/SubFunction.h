@@ -91,4 +91,7 @@ bool IsImageExt(const QString& ext);
 bool IsArcExt(const QString& ext);
 bool IsManualExt(const QString& ext); // column 5
 
+// Removes every trailing "/" or "\" one at a time; a root "/" stays.
+QString TrimTrailingSeparators(QString path);
+
 } // namespace tv

@@ -1,5 +1,6 @@
 #include "shell/ValidateCfg.h"
 
+#include "data/EmuRegistry.h"
 #include "platform/MsgBox.h"
 #include "shell/Globals.h"
 #include "shell/Sjis.h"
@@ -61,16 +62,16 @@ bool sameText(const QString& a, const QString& b)
 
 bool ValidateCfg(const CfgRecord& c)
 {
-    // 1
+    // The image directories.
     for (int i = 0; i < 3; ++i)
         if (!dirOkOrBlank(c.ImageDir[i]))
             return fail(FamilyName(i) + QStringLiteral("用のｲﾒｰｼﾞﾌｧｲﾙ格納ﾃﾞｨﾚｸﾄﾘが不正です\n") +
                             kRedo,
                         QStringLiteral("ｲﾒｰｼﾞﾌｧｲﾙﾃﾞｨﾚｸﾄﾘが不正"));
-    // 2
+    // P88SR's save directory.
     if (c.P88srUse == 1 && !dirOkOrBlank(c.P88SaveDir))
         return fail(QStringLiteral("P88SR Saveディレクトリが不正です。修正して下さい！"));
-    // 3: M88's save directory is compared inside the loop, at family 0.
+    // The snapshot directories; M88's save directory is compared inside the loop, at family 0.
     for (int i = 0; i < 3; ++i) {
         if (i == 0 && c.M88Use == 1) {
             if (!VbTrim(c.M88SaveDir).isEmpty() && sameText(c.M88SaveDir, c.M88Dir))
@@ -85,7 +86,7 @@ bool ValidateCfg(const CfgRecord& c)
                             kRedo,
                         QStringLiteral("ScreenShotﾃﾞｨﾚｸﾄﾘが不正"));
     }
-    // 4 ("Xmillenium" is the message's own spelling)
+    // The other save directories ("Xmillenium" is the message's own spelling).
     const struct {
         uint8_t use;
         const QString& dir;
@@ -100,68 +101,37 @@ bool ValidateCfg(const CfgRecord& c)
     for (const auto& s : saves)
         if (s.use == 1 && !dirOkOrBlank(s.dir))
             return fail(QString::fromUtf8(s.text));
-    // 5
+    // The .PAT directories.
     for (int i = 0; i < 3; ++i)
         if (!dirOkOrBlank(c.PatSaveDir[i]))
             return fail(FamilyName(i) + QStringLiteral("用のPATﾌｧｲﾙ格納ﾃﾞｨﾚｸﾄﾘが不正です\n") +
                             kRedo,
                         QStringLiteral("PAT用ﾃﾞｨﾚｸﾄﾘが不正"));
-    // 6
+    // The manual directories.
     for (int i = 0; i < 3; ++i)
         if (!dirOkOrBlank(c.ManDir[i]))
             return fail(FamilyName(i) + QStringLiteral("用のﾏﾆｭｱﾙﾌｧｲﾙ格納ﾃﾞｨﾚｸﾄﾘが不正です\n") +
                             kRedo,
                         QStringLiteral("MANUAL用ﾃﾞｨﾚｸﾄﾘが不正"));
-    // 7
+    // The FMPAN disk.
     if (c.PanUse == 1 && !fileOk(c.FmPanFile))
         return fail(QStringLiteral("FMPAN.D88ﾌｧｲﾙが不正です！"));
-    // 8
-    if (c.P88srUse == 1 && !exeOk(c.P88srDir, QStringLiteral("P88SR.EXE")))
-        return fail(QStringLiteral("P88SRの実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-    if (c.M88Use == 1 && !exeOk(c.M88Dir, QStringLiteral("M88.EXE")))
-        return fail(QStringLiteral("M88の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-    if (c.PC88WinUse == 1 && !exeOk(c.PC88WinDir, QStringLiteral("PC88WIN.EXE")))
-        return fail(QStringLiteral("PC88Winの実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-    if (c.X88kUse == 1 && !exeOk(c.X88kDir, QStringLiteral("X88000.EXE")))
-        return fail(QStringLiteral("X88000の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-    if (c.QUASI88Use == 1 && !exeOk(c.QUASI88Dir, QStringLiteral("QUASI88.EXE")))
-        return fail(QStringLiteral("QUASI88の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-    if (c.J80Use == 1) {
-        if (!exeOk(c.J80Dir, QStringLiteral("j80.jar")))
-            return fail(QStringLiteral("j80の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-        if (!fileOk(c.J80RomsFile))
-            return fail(QStringLiteral("j80のROMsファイルが不正です！"));
-        if (!fileOk(c.J80FontFile))
-            return fail(QStringLiteral("j80のFONTファイルが不正です！"));
-        if (!fileOk(c.J80CrtFile))
-            return fail(QStringLiteral("j80のCRTファイルが不正です！"));
-        if (!fileOk(c.J80KeyFile))
-            return fail(QStringLiteral("j80のKEYファイルが不正です！"));
-    }
-    if (c.Xm7DosUse == 1 && !exeOk(c.Xm7DosDir, QStringLiteral("XM7.EXE")))
-        return fail(QStringLiteral("XM7 for Dosの実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-    if (c.Xm7WinUse == 1 && !exeOk(c.Xm7WinDir, QStringLiteral("XM7.EXE")))
-        return fail(QStringLiteral("XM7 for Win32(V3.0)の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-    if (c.Em7WinUse == 1 && !exeOk(c.Em7WinDir, QStringLiteral("EM7.EXE")))
-        return fail(QStringLiteral("EM7 for Win32の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-    if (c.X1rUse == 1 && !exeOk(c.X1rDir, QStringLiteral("X1R.COM")))
-        return fail(QStringLiteral("X1EMU RealMode(X1R.COM)の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-    if (c.XmilUse == 1) {
-        if (!exeOk(c.XmilDir, QStringLiteral("Xmillennium.exe")))
-            return fail(QStringLiteral("X millennium の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-        if (!VbTrim(c.XmilTDir).isEmpty()) {
-            if (sameText(c.XmilDir, c.XmilTDir))
-                return fail(QStringLiteral("X millennium本体とT-Tune/Ika-"
-                                           "Tuneは別ディレクトリに指定してください！"));
-            if (!exeOk(c.XmilTDir, QStringLiteral("Xmillennium.exe")))
-                return fail(QStringLiteral("X millennium T-Tune/Ika-Tune用ﾃﾞｨﾚｸﾄﾘが不正です！"));
+    // The programs of the emulators in use, with the files and the second build they need.
+    for (const EmuRow& r : EmuRows()) {
+        if (!r.inUse(c))
+            continue;
+        if (!exeOk(c.*r.dir, QString::fromUtf8(r.checkExe)))
+            return fail(QString::fromUtf8(r.badDirText));
+        for (const EmuRow::FileCheck& f : r.fileChecks)
+            if (f.file && !fileOk(c.*f.file))
+                return fail(QString::fromUtf8(f.badText));
+        if (r.tuneDir && !VbTrim(c.*r.tuneDir).isEmpty()) {
+            if (sameText(c.*r.dir, c.*r.tuneDir))
+                return fail(QString::fromUtf8(r.sameTuneDirText));
+            if (!exeOk(c.*r.tuneDir, QString::fromUtf8(r.checkExe)))
+                return fail(QString::fromUtf8(r.badTuneDirText));
         }
     }
-    if (c.X1emuUse == 1 && !exeOk(c.X1emuDir, QStringLiteral("X1EMU.EXE")))
-        return fail(QStringLiteral("X1EMU の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
-    // The plain build's program is looked for also when the Ika build is chosen.
-    if (c.WinX1Use == 1 && !exeOk(c.WinX1Dir, QStringLiteral("winx1.exe")))
-        return fail(QStringLiteral("WinX1 の実行ファイルﾃﾞｨﾚｸﾄﾘが不正です！"));
     return true;
 }
 
@@ -192,33 +162,12 @@ SelectFilter SelectFileFilter(SelectKind kind)
     auto f = [](const char* d, const char* p) {
         return SelectFilter{QString::fromUtf8(d), QString::fromUtf8(p)};
     };
+    // The emulators' kinds come first, in the order of the emulator table.
+    const auto rows = EmuRows();
+    const auto index = size_t(kind);
+    if (index < rows.size())
+        return f(rows[index].filterDisplay, rows[index].filterPattern);
     switch (kind) {
-    case SelectKind::P88sr:
-        return f("P88SR (P88SR.EXE)", "P88SR.EXE");
-    case SelectKind::M88:
-        return f("M88 (M88.EXE)", "M88.EXE");
-    case SelectKind::PC88Win:
-        return f("PC88WIN (PC88WIN.EXE)", "PC88WIN.EXE");
-    case SelectKind::X88k:
-        return f("X88000 (X88000.EXE)", "X88000.EXE");
-    case SelectKind::QUASI88:
-        return f("QUASI88 (QUASI88.EXE)", "QUASI88.EXE");
-    case SelectKind::J80:
-        return f("j80 (j80.jar)", "j80.jar");
-    case SelectKind::Xm7Dos:
-        return f("XM7 for DOS (XM7.EXE)", "XM7.EXE");
-    case SelectKind::Xm7Win:
-        return f("XM7 for Win32 (XM7.EXE)", "XM7.EXE");
-    case SelectKind::Em7Win:
-        return f("EM7 for Win32 (EM7.EXE)", "EM7.EXE");
-    case SelectKind::X1r:
-        return f("X1R (X1R.COM)", "X1R.COM");
-    case SelectKind::Xmil:
-        return f("X millennium and T-Tune/ika-Tune(Xmillennium.exe)", "Xmillennium.exe");
-    case SelectKind::X1emu:
-        return f("X1EMU (X1EMU.EXE)", "X1EMU.EXE");
-    case SelectKind::WinX1:
-        return f("WinX1 (winx1.exe)", "winx1.exe");
     case SelectKind::FmPan:
         return f("PAN Set for PC8801 (FMPAN.D88)", "FMPAN.D88");
     case SelectKind::JavaVM:
@@ -229,8 +178,15 @@ SelectFilter SelectFileFilter(SelectKind kind)
         return f("j80 FONT File (*.FON)", "*.FON");
     case SelectKind::J80Other:
         return f("j80 CRT/KEY/PEN File (*.*)", "*.*");
+    default:
+        break;
     }
     return {};
+}
+
+SelectKind SelectKindOf(const EmuRow& row)
+{
+    return SelectKind(&row - EmuRows().data());
 }
 
 QString QtFilterText(const SelectFilter& f)

@@ -2,6 +2,7 @@
 // The checks that guard the way out of the environment settings, the re-read when that dialog
 // closes, and the file-dialog filters of its browse buttons. No widgets: the dialog calls in.
 #include "data/Cfg.h"
+#include "data/EmuRegistry.h"
 
 #include <QString>
 #include <QStringList>
@@ -20,7 +21,8 @@ bool ValidateCfg(const CfgRecord& c = Cfg);
 // dropped; a re-read record that fails the checks takes CfgReady down.
 void CfgDialogUnload(bool stored);
 
-// Kinds of the open-file dialog of the settings.
+// Kinds of the open-file dialog of the settings: the emulators' first, in the order of the
+// emulator table (SelectKindOf), then the other files.
 enum class SelectKind {
     P88sr,
     M88,
@@ -47,6 +49,8 @@ struct SelectFilter {
     QString pattern; // ";"-separated, as the filter row holds it
 };
 SelectFilter SelectFileFilter(SelectKind kind);
+// The kind of an emulator's program.
+SelectKind SelectKindOf(const EmuRow& row);
 // The same filter in the form Qt's file dialog takes: "display (pat1 pat2)".
 QString QtFilterText(const SelectFilter& f);
 

@@ -2,6 +2,7 @@
 // emulators' names, takes the keys through XTest, and logs what it received and what the
 // clipboard held at each Ctrl+V. The test ends each run by pressing the emulator's exit key
 // once the launch has sent everything, which also shows that events are served in the wait.
+#include "adapters/Adapters.h"
 #include "data/Cfg.h"
 #include "launch/ExecEmulator.h"
 #include "platform/KeySend.h"
@@ -83,6 +84,7 @@ private:
 private slots:
     void initTestCase()
     {
+        RegisterAdapters();
         QVERIFY(KeyDeliveryAvailable());
         emuDir = root.filePath("emu");
         workDir = root.filePath("work");

@@ -1,6 +1,7 @@
 // The launch on the main window: the emulator buttons and menu entries closed with a
 // tooltip where the road needs generated options, Enter on the list starting the title's
 // default emulator, and the window minimised, disabled and brought back around the run.
+#include "adapters/Adapters.h"
 #include "data/Cfg.h"
 #include "data/ItemDetail.h"
 #include "data/clsLst.h"
@@ -59,6 +60,7 @@ private:
     QAction* menuEntry(int entry) { return win->menus.runEntry(entry); }
 
 private slots:
+    void initTestCase() { RegisterAdapters(); }
     void init()
     {
         QVERIFY(root.isValid());

@@ -5,6 +5,7 @@
 // temporary root; the globals it changes are put back when the test ends.
 #include "data/ByteCodec.h"
 #include "data/Cfg.h"
+#include "data/EmuRegistry.h"
 #include "data/clsLst.h"
 #include "launch/Archive.h"
 #include "launch/D88Uty.h"
@@ -102,32 +103,9 @@ protected:
         if (!actions.contains("exitafter"))
             actions["exitafter"] = "300";
         EXPECT_TRUE(WriteTestEmuConfig(dir, actions));
-        QString* field = nullptr;
-        switch (code) {
-        case 2:
-            field = &Cfg.M88Dir;
-            break;
-        case 3:
-            field = &Cfg.PC88WinDir;
-            break;
-        case 11:
-            field = &Cfg.Xm7DosDir;
-            break;
-        case 12:
-            field = &Cfg.Xm7WinDir;
-            break;
-        case 13:
-            field = &Cfg.Em7WinDir;
-            break;
-        case 22:
-            field = &Cfg.XmilDir;
-            break;
-        case 24:
-            field = &Cfg.WinX1Dir;
-            break;
-        }
-        if (field)
-            *field = dir;
+        // The emulator's directory field of the configuration points at it.
+        if (const EmuRow* row = FindEmu(code))
+            Cfg.*row->dir = dir;
         return dir;
     }
 

@@ -1,13 +1,12 @@
 #include "adapters/pc88/M88Ini.h"
 
+#include "launch/EmuAdapter.h"
 #include "launch/LaunchCommand.h"
 
 #include "data/Cfg.h"
 #include "shell/Globals.h"
-#include "shell/Sjis.h"
 
 #include <QDir>
-#include <QFile>
 
 #include <cmath>
 
@@ -163,11 +162,7 @@ QString MakeM88Ini(const EmuOpt88& r, const QString& biosPath, const QString& di
 
 bool WriteM88Ini(const QString& path, const QString& text)
 {
-    QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    const QByteArray bytes = ToSjis(text + QStringLiteral("\r\n"));
-    return f.write(bytes) == bytes.size();
+    return WriteConfText(path, text);
 }
 
 } // namespace tv

@@ -31,8 +31,8 @@ qint64 M88SwitchesValue(const EmuOpt88& record);
 // already in a drive form are left as they stand.
 QString M88PathForm(const QString& nativePath);
 
-// Creates `path` anew and writes `text` with one line end behind it, in Shift-JIS. False when
-// the file can't be written.
+// Creates `path` anew (no other spelling of its name stays beside it) and writes `text` with one
+// line end behind it, in Shift-JIS. False when the file can't be written.
 bool WriteM88Ini(const QString& path, const QString& text);
 
 } // namespace tv

@@ -37,10 +37,8 @@ std::optional<double> ProfileNumber(const QString& text)
 
 uint8_t WriteGeneratedM88Ini(const EmuOpt88& block)
 {
-    const QString path = M88Dir() + QLatin1Char('/') + kM88IniName;
-    // The user's file may be spelt "m88.ini": no second spelling may stay beside ours.
-    DeleteFileAnyCase(M88Dir(), kM88IniName);
-    WriteM88Ini(path, MakeM88Ini(block));
+    // The user's file may be spelt "m88.ini": the writer leaves no second spelling beside ours.
+    WriteM88Ini(M88Dir() + QLatin1Char('/') + kM88IniName, MakeM88Ini(block));
     return block.M88_1Op[23];
 }
 

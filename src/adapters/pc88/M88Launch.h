@@ -1,5 +1,6 @@
 #pragma once
-// The launch branch of M88 (EmuCode 2). The launch frame calls, in its order:
+// The launch branch of M88 (EmuCode 2). Its adapter (M88Adapter.cpp) calls, in the frame's
+// order:
 //   1. before BackupEmuConfig: the save states in, then HideM88Modules (M88Modules.h) and the
 //      PCIDEBUG staging;
 //   2. in the adapter branch: PrepareM88Config, then MakeM88Command;

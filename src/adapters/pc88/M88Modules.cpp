@@ -1,5 +1,7 @@
 #include "adapters/pc88/M88Modules.h"
 
+#include "launch/EmuAdapter.h"
+
 #include "data/Cfg.h"
 #include "data/clsLst.h"
 #include "shell/Globals.h"
@@ -45,17 +47,9 @@ int Power10(int j)
 
 } // namespace
 
-const EmuOpt88& SelectEmuOpt88(uint8_t DefOpt)
-{
-    return DefOpt == 1 ? Cfg.CfgEmuOpt88 : CurEmuOpt88;
-}
-
 void HideM88Modules(ModuleState& out, uint8_t DefOpt)
 {
-    // The title's own block is fetched from the record the catalogue holds.
-    if (DefOpt != 1)
-        LstObj.GetEmuOpt88();
-    HideM88Modules(out, SelectEmuOpt88(DefOpt));
+    HideM88Modules(out, ChosenOpt88(DefOpt));
 }
 
 void HideM88Modules(ModuleState& out, const EmuOpt88& block)

@@ -28,10 +28,6 @@ extern const std::array<const char*, kM88ModuleCount> M88ModuleCaptions;
 // 2 hidden, 0 nothing (21: file 0 copied in, file 1 hidden).
 using ModuleState = std::array<uint8_t, kM88ModuleCount>;
 
-// The block whose options a launch uses: the defaults when DefOpt is 1, else the current
-// title's working copy as it stands.
-const EmuOpt88& SelectEmuOpt88(uint8_t DefOpt);
-
 // Makes M88's directory (Cfg.M88Dir) hold the modules that M88_5Op of the block chosen by
 // DefOpt wants; with DefOpt other than 1 the title's block is first fetched from the catalogue's
 // record (clsLst.GetEmuOpt88). A wanted module with a file in neither M88's directory nor
