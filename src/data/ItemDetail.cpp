@@ -1,8 +1,8 @@
 #include "data/ItemDetail.h"
 
 #include "data/clsLst.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,7 +3,7 @@
 #include "launch/MainWindowLink.h"
 #include "platform/KeySend.h"
 #include "platform/Platform.h"
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 #include <QDir>
 #include <QProcess>

@@ -1,15 +1,15 @@
 #include "mainwindow/frmMain.h"
 
-#include "shell/Help.h"
+#include "util/Help.h"
 
 #include "data/Cfg.h"
 #include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmTitle.h"
 #include "settings/frmAbout.h"
 #include "settings/frmCfg.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
-#include "shell/ValidateCfg.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
+#include "startup/ValidateCfg.h"
 
 #include <QAction>
 #include <QApplication>

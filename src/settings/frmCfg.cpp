@@ -1,14 +1,14 @@
 #include "settings/frmCfg.h"
 
-#include "shell/Help.h"
+#include "util/Help.h"
 
 #include "adapters/OptionDialogs_ui.h"
 #include "data/Cfg.h"
 #include "launch/MainWindowLink.h"
 #include "platform/MsgBox.h"
 #include "settings/FilePickers.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QCheckBox>
 #include <QComboBox>

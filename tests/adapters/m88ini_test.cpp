@@ -1,7 +1,7 @@
 #include "adapters/pc88/M88Ini.h"
 #include "data/Cfg.h"
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
 
 #include <QFile>
 #include <QTemporaryDir>

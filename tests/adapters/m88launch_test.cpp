@@ -1,8 +1,8 @@
 #include "adapters/pc88/M88Ini.h"
 #include "adapters/pc88/M88Launch.h"
 #include "data/Cfg.h"
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "adapters/pc88/M88Modules.h"
 #include "data/Cfg.h"
 #include "data/clsLst.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <QDir>
 #include <QFile>

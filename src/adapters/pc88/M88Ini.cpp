@@ -3,8 +3,8 @@
 #include "launch/LaunchCommand.h"
 
 #include "data/Cfg.h"
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
 
 #include <QDir>
 #include <QFile>

@@ -2,7 +2,7 @@
 
 #include "adapters/pc88/M88Ini.h"
 #include "data/Cfg.h"
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 #include <cmath>
 

@@ -1,7 +1,7 @@
 // The start-up sequence, its refusals and the shut-down, headless with a recording window
 // stand-in and scripted message boxes.
-#include "shell/StartupFixture.h"
-#include "shell/ValidateCfg.h"
+#include "startup/StartupFixture.h"
+#include "startup/ValidateCfg.h"
 #include "support/ScriptedMsgBox.h"
 
 #include <QFileInfo>

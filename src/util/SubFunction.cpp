@@ -1,11 +1,11 @@
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 #include "platform/FileOps.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
-#include "shell/Globals.h"
-#include "shell/Help.h"
-#include "shell/Sjis.h"
+#include "util/Globals.h"
+#include "util/Help.h"
+#include "util/Sjis.h"
 
 #include <QDir>
 #include <QFile>

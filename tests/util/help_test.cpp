@@ -1,7 +1,7 @@
 #include "platform/Shell.h"
-#include "shell/Globals.h"
-#include "shell/Help.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/Help.h"
+#include "util/SubFunction.h"
 #include "support/ScriptedMsgBox.h"
 
 #include <QFile>

@@ -1,7 +1,7 @@
 // FitText against a literal rendering of the cut (whole-text byte conversions, inserted
 // breaks, cut by line count, cut by bytes) on many generated texts.
-#include "shell/Sjis.h"
-#include "shell/SubFunction.h"
+#include "util/Sjis.h"
+#include "util/SubFunction.h"
 #include "support/FitTextReference.h"
 
 #include <QRandomGenerator>

@@ -1,5 +1,5 @@
 // Path splitting and the small text helpers.
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 #include "support/GuardedDirs.h"
 
 #include <QDir>

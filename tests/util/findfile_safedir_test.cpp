@@ -1,6 +1,6 @@
 // Existence tests and the path guard.
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 #include "support/GuardedDirs.h"
 
 #include <QDir>

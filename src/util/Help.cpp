@@ -1,8 +1,8 @@
-#include "shell/Help.h"
+#include "util/Help.h"
 
 #include "platform/MsgBox.h"
 #include "platform/Shell.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <QFileInfo>
 #include <QUrl>

@@ -1,7 +1,7 @@
 // Copy, move and delete with their guards and verification.
 #include "platform/FileOps.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 #include "support/GuardedDirs.h"
 #include "support/ScriptedMsgBox.h"
 

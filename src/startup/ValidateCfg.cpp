@@ -1,9 +1,9 @@
-#include "shell/ValidateCfg.h"
+#include "startup/ValidateCfg.h"
 
 #include "platform/MsgBox.h"
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
+#include "util/SubFunction.h"
 
 namespace tv {
 

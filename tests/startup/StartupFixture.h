@@ -2,8 +2,8 @@
 // A fresh program directory, TMP and TEMP for one start, and the stub window that records
 // what the start-up asks of the windows.
 #include "data/Cfg.h"
-#include "shell/Globals.h"
-#include "shell/Startup.h"
+#include "util/Globals.h"
+#include "startup/Startup.h"
 #include "support/ProcessState.h"
 #include "support/StubWindow.h"
 

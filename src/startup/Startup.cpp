@@ -1,10 +1,10 @@
-#include "shell/Startup.h"
+#include "startup/Startup.h"
 
 #include "data/Cfg.h"
 #include "platform/MsgBox.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
-#include "shell/ValidateCfg.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
+#include "startup/ValidateCfg.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,6 +1,6 @@
 // Cutting text to the line widths, line counts and byte limits of fixed fields.
-#include "shell/Sjis.h"
-#include "shell/SubFunction.h"
+#include "util/Sjis.h"
+#include "util/SubFunction.h"
 
 #include <QStringList>
 

@@ -1,4 +1,4 @@
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QStringDecoder>
 #include <QStringEncoder>

@@ -1,7 +1,7 @@
-#include "shell/DirSansyo.h"
+#include "util/DirSansyo.h"
 
 #include "platform/MsgBox.h"
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 #include <QDir>
 

@@ -1,6 +1,6 @@
 // The checks of the environment settings, in their order, and the re-read of a closed dialog.
-#include "shell/StartupFixture.h"
-#include "shell/ValidateCfg.h"
+#include "startup/StartupFixture.h"
+#include "startup/ValidateCfg.h"
 #include "support/ScriptedMsgBox.h"
 
 using namespace tv;
