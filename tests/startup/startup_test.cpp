@@ -442,7 +442,7 @@ TEST_F(StartupTest, ShutDownWithSelectionSaveAndNothingSelectedStoresZero)
         c.LstSelectPos = 25 + 2284; // an old selection that must not survive
     });
     ScriptedMsgBox boxes;
-    Startup s(ui, Env());
+    Startup s(Env());
     ASSERT_TRUE(s.FormLoad());
     ASSERT_EQ(Cfg.LstSelectPos, 25 + 2284);
     ui.selectedKey = "";
