@@ -13,7 +13,7 @@ if [ -n "$missing" ]; then
   DEBIAN_FRONTEND=noninteractive $SUDO apt-get install -y $missing
 fi
 JOBS=$(nproc)
-cmake -S . -B build -G Ninja
+cmake -S . -B build -G Ninja -DTORVANE_WERROR=ON
 cmake --build build -j "$JOBS"
 (cd build && ctest --output-on-failure -j "$JOBS")
 if ls tests/fuzz/*_fuzz.cpp >/dev/null 2>&1; then

@@ -6,7 +6,7 @@
 #include "data/clsLst.h"
 #include "mainwindow/CatalogueUi.h"
 #include "mainwindow/MainMenus.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <QApplication>
 #include <QDir>

@@ -3,7 +3,7 @@
 // Exit status 1 when a target is missed: no larger than jlha's archive, at most 1.10 times the
 // size of zip -9, at least 10 MB/s (by the CPU time of the packing thread).
 #include "launch/Lzh5Encoder.h"
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -1,9 +1,25 @@
 #include "adapters/Adapters.h"
 
-#include "adapters/fm7x1/Fm7X1Adapters.h"
-#include "adapters/pc88/Pc88Adapters.h"
+#include "launch/EmuAdapter.h"
+
+#include <memory>
 
 namespace tv {
+
+// Each emulator's folder makes its adapter; this list is the one place that knows them all.
+std::unique_ptr<EmuAdapter> MakeP88srAdapter();
+std::unique_ptr<EmuAdapter> MakeM88Adapter();
+std::unique_ptr<EmuAdapter> MakePc88WinAdapter();
+std::unique_ptr<EmuAdapter> MakeX88kAdapter();
+std::unique_ptr<EmuAdapter> MakeQuasi88Adapter();
+std::unique_ptr<EmuAdapter> MakeJ80Adapter();
+std::unique_ptr<EmuAdapter> MakeXm7DosAdapter();
+std::unique_ptr<EmuAdapter> MakeXm7WinAdapter();
+std::unique_ptr<EmuAdapter> MakeEm7Adapter();
+std::unique_ptr<EmuAdapter> MakeX1rAdapter();
+std::unique_ptr<EmuAdapter> MakeXmilAdapter();
+std::unique_ptr<EmuAdapter> MakeX1emuAdapter();
+std::unique_ptr<EmuAdapter> MakeWinX1Adapter();
 
 void RegisterAdapters()
 {

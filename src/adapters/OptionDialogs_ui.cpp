@@ -1,6 +1,6 @@
 #include "adapters/OptionDialogs_ui.h"
 
-#include "adapters/pc88/frmM88Op.h"
+#include "adapters/m88/frmM88Op.h"
 
 namespace tv {
 

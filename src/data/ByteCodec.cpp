@@ -1,6 +1,6 @@
 #include "data/ByteCodec.h"
 
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <bit>
 #include <cstring>

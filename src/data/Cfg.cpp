@@ -1,7 +1,7 @@
 #include "data/Cfg.h"
 
 #include "data/ByteCodec.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <QFile>
 #include <QSaveFile>

@@ -1,6 +1,6 @@
 #include "data/EmuRegistry.h"
 
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 #include <array>
 

@@ -2,8 +2,8 @@
 
 #include "data/EmuRegistry.h"
 #include "data/clsLst.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QDir>
 #include <QFile>

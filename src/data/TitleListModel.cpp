@@ -3,8 +3,8 @@
 #include "data/ByteCodec.h"
 #include "data/Cfg.h"
 #include "data/clsLst.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QFile>
 #include <QHash>

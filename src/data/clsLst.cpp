@@ -1,8 +1,8 @@
 #include "data/clsLst.h"
 
 #include "data/ByteCodec.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QFile>
 

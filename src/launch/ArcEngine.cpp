@@ -3,7 +3,7 @@
 #include "data/ByteCodec.h"
 #include "launch/ArcProgress.h"
 #include "launch/Lzh5Encoder.h"
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QDateTime>
 #include <QDir>

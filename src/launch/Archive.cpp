@@ -2,7 +2,7 @@
 
 #include "launch/ArcLibrary.h"
 #include "platform/MsgBox.h"
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 #include <exception>
 

@@ -1,8 +1,8 @@
 #include "launch/D88Uty.h"
 
 #include "data/ByteCodec.h"
-#include "shell/Sjis.h"
-#include "shell/SubFunction.h"
+#include "util/Sjis.h"
+#include "util/SubFunction.h"
 
 #include <QFile>
 #include <QFileInfo>

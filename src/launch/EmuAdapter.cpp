@@ -2,9 +2,9 @@
 
 #include "data/clsLst.h"
 #include "platform/KeySend.h"
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
+#include "util/SubFunction.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -3,8 +3,8 @@
 #include "data/Cfg.h"
 #include "data/EmuRegistry.h"
 #include "launch/EmuAdapter.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 namespace tv {
 

@@ -4,7 +4,7 @@
 #include "launch/EmuAdapter.h"
 #include "platform/KeySend.h"
 #include "platform/Platform.h"
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 #include <QDir>
 #include <QProcess>

@@ -1,5 +1,5 @@
 #include "launch/IniFile.h"
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QFile>
 #include <vector>

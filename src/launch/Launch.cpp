@@ -12,9 +12,9 @@
 #include "launch/MainWindowLink.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
+#include "util/SubFunction.h"
 
 #include <QDir>
 #include <QElapsedTimer>

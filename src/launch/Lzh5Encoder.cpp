@@ -1,7 +1,7 @@
 #include "launch/Lzh5Encoder.h"
 
 #include "launch/Lzh5Member.h"
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -4,8 +4,8 @@
 #include "launch/MainWindowLink.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QDir>
 #include <QFile>

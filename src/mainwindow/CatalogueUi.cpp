@@ -7,8 +7,8 @@
 #include "data/clsLst.h"
 #include "launch/MainWindowLink.h"
 #include "platform/MsgBox.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QApplication>
 #include <QCheckBox>

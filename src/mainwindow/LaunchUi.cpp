@@ -5,7 +5,7 @@
 #include "launch/Launch.h"
 #include "mainwindow/CatalogueUi.h"
 #include "mainwindow/MainMenus.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <QAction>
 #include <QEvent>

@@ -5,7 +5,7 @@
 #include "mainwindow/CatalogueUi.h"
 #include "mainwindow/LaunchUi.h"
 #include "mainwindow/frmMain.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <QLabel>
 #include <QStatusBar>

@@ -1,6 +1,6 @@
 #include "mainwindow/frmMain.h"
 
-#include "shell/Help.h"
+#include "util/Help.h"
 
 #include "adapters/Adapters.h"
 #include "data/Cfg.h"
@@ -8,9 +8,9 @@
 #include "mainwindow/frmTitle.h"
 #include "settings/frmAbout.h"
 #include "settings/frmCfg.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
-#include "shell/ValidateCfg.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
+#include "startup/ValidateCfg.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,11 +1,11 @@
 #pragma once
-// The main window: owner of the process. Its Form_Load is the start-up (shell/Startup.h), its
+// The main window: owner of the process. Its Form_Load is the start-up (startup/Startup.h), its
 // close the shut-down. The core reaches it through the window link it installs while it lives.
 // The list, the detail pane and the footers are filled by the catalogue (MainCatalogue).
 #include "launch/MainWindowLink.h"
 #include "mainwindow/MainMenus.h"
 #include "mainwindow/frmTitle.h"
-#include "shell/Startup.h"
+#include "startup/Startup.h"
 
 #include <QMainWindow>
 #include <QPixmap>

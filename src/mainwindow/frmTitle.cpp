@@ -1,6 +1,6 @@
 #include "mainwindow/frmTitle.h"
 
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <QCoreApplication>
 #include <QFont>

@@ -1,7 +1,7 @@
 #pragma once
 // File primitives that need the operating system: the atomic copy-over and rename with
 // replacement. The copy, move and delete of patterns and trees is built on them in
-// shell/SubFunction.
+// util/SubFunction.
 #include <QString>
 #include <QtGlobal>
 

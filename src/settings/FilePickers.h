@@ -2,7 +2,7 @@
 // The file dialog and the directory picker that the settings dialogs open from their browse
 // buttons. They sit beside the window link rather than in it: they belong to dialogs and take
 // a widget as owner, which the core never sees. Tests install their own in one place.
-#include "shell/ValidateCfg.h"
+#include "startup/ValidateCfg.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "settings/frmCfg.h"
 
-#include "shell/Help.h"
+#include "util/Help.h"
 
 #include "adapters/OptionDialogs_ui.h"
 #include "data/Cfg.h"
@@ -8,8 +8,8 @@
 #include "data/EmuRegistry.h"
 #include "platform/MsgBox.h"
 #include "settings/FilePickers.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QCheckBox>
 #include <QComboBox>

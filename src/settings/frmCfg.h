@@ -3,7 +3,7 @@
 // save directory, start flags and default options. It edits the configuration record directly;
 // ValidateCfg guards the way out and a close without a store reads the file back. Its browse
 // buttons open the file pickers (FilePickers.h); a store tells the window link.
-#include "shell/ValidateCfg.h"
+#include "startup/ValidateCfg.h"
 
 #include <QDialog>
 #include <array>

@@ -1,10 +1,10 @@
 #include "settings/frmDirSansyo.h"
 
-#include "shell/Help.h"
+#include "util/Help.h"
 
 #include "platform/MsgBox.h"
-#include "shell/DirSansyo.h"
-#include "shell/SubFunction.h"
+#include "util/DirSansyo.h"
+#include "util/SubFunction.h"
 
 #include <QComboBox>
 #include <QDir>

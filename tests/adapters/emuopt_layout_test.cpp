@@ -5,7 +5,7 @@
 #include "adapters/fm7x1/EmuOptFMX1.h"
 #include "adapters/pc88/EmuOpt88.h"
 #include "data/ByteCodec.h"
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include "support/RawBytes.h"
 

@@ -1,7 +1,7 @@
 // The table of option dialogs by emulator, as the registration dialog will use it: each
 // emulator with a dialog opens it modally on the block that TitleFlag chooses.
 #include "adapters/OptionDialogs_ui.h"
-#include "adapters/pc88/frmM88Op.h"
+#include "adapters/m88/frmM88Op.h"
 #include "data/Cfg.h"
 
 #include <QApplication>

@@ -6,8 +6,8 @@
 #include "adapters/pc88/EmuOpt88.h"
 #include "data/ByteCodec.h"
 #include "data/Cfg.h"
-#include "shell/Sjis.h"
-#include "shell/SubFunction.h"
+#include "util/Sjis.h"
+#include "util/SubFunction.h"
 
 #include "support/RawBytes.h"
 

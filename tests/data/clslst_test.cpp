@@ -1,8 +1,8 @@
 // The catalogue access class against files built byte by byte here, independent of its own
 // encoder, for all three families.
 #include "data/clsLst.h"
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
 #include "support/CatalogueBytes.h"
 
 #include <QDir>

@@ -3,7 +3,7 @@
 #include "data/Cfg.h"
 #include "data/ItemDetail.h"
 #include "data/clsLst.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 #include "support/CatalogueBytes.h"
 
 #include <QDir>

@@ -2,7 +2,7 @@
 // chooses the name form of the split; the rest is the file. Checks that the count and the
 // split agree, and that a join gives back the file with the cleared header bytes.
 #include "launch/D88Uty.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <QByteArray>
 #include <QDir>

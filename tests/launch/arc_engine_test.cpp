@@ -3,7 +3,7 @@
 #include "launch/ArcEngine.h"
 #include "launch/ArcProgress.h"
 #include "launch/ArcTestUtil.h"
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QDateTime>
 #include <QFileInfo>

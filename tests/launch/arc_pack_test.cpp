@@ -4,7 +4,7 @@
 #include "launch/ArcLibrary.h"
 #include "launch/ArcProgress.h"
 #include "launch/ArcTestUtil.h"
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QDateTime>
 #include <QFileInfo>

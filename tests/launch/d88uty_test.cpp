@@ -1,8 +1,8 @@
 #include "launch/D88Uty.h"
 
 #include "data/ByteCodec.h"
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,7 +1,7 @@
 #include "data/Cfg.h"
 #include "data/clsLst.h"
 #include "launch/EmuStaging.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 #include "support/GuardedDirs.h"
 
 #include <QDir>

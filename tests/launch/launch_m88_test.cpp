@@ -2,12 +2,12 @@
 // M88.EXE and records what it finds at its start; the checks look at that and at what stands
 // in M88's directory, M88SaveDir and WorkDir after the launch.
 #include "adapters/pc88/EmuOpt88.h"
-#include "adapters/pc88/M88Ini.h"
+#include "adapters/m88/M88Ini.h"
 #include "data/Cfg.h"
 #include "data/clsLst.h"
 #include "launch/Launch.h"
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
 #include "support/GuardedDirs.h"
 #include "support/LaunchFixture.h"
 #include "support/ScriptedMsgBox.h"

@@ -2,8 +2,8 @@
 // into WorkDir, the frame, the run, and stage 3.
 #include "launch/Launch.h"
 
-#include "adapters/pc88/M88Ini.h"
-#include "shell/Sjis.h"
+#include "adapters/m88/M88Ini.h"
+#include "util/Sjis.h"
 
 #include "data/ByteCodec.h"
 #include "data/clsLst.h"
@@ -14,10 +14,10 @@
 #include "launch/LaunchCommand.h"
 #include "launch/Repack.h"
 #include "platform/KeySend.h"
-#include "shell/Globals.h"
-#include "shell/Startup.h"
-#include "shell/StartupFixture.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "startup/Startup.h"
+#include "startup/StartupFixture.h"
+#include "util/SubFunction.h"
 #include "support/LaunchFixture.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/TestEmu.h"

@@ -2,7 +2,7 @@
 // bsdtar and jlha as outside programs when they are installed.
 #include "launch/Lzh5Encoder.h"
 #include "launch/Lzh5Member.h"
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QDateTime>
 #include <QDir>

@@ -5,7 +5,7 @@
 #include "data/clsLst.h"
 #include "mainwindow/CatalogueUi.h"
 #include "mainwindow/MainMenus.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 #include "support/CatalogueBytes.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/StubWindow.h"

@@ -5,7 +5,7 @@
 #include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmMain.h"
 #include "settings/frmCfg.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 #include "support/CatalogueBytes.h"
 #include "support/ScriptedMsgBox.h"
 

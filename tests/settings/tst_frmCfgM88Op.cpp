@@ -1,5 +1,5 @@
 // The environment settings open M88's option dialog on the default block.
-#include "adapters/pc88/frmM88Op.h"
+#include "adapters/m88/frmM88Op.h"
 #include "data/Cfg.h"
 #include "settings/frmCfg.h"
 

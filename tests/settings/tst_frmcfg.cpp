@@ -3,8 +3,8 @@
 #include "data/Cfg.h"
 #include "settings/frmCfg.h"
 #include "settings/frmDirSansyo.h"
-#include "shell/Globals.h"
-#include "shell/ValidateCfg.h"
+#include "util/Globals.h"
+#include "startup/ValidateCfg.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/ScriptedPickers.h"
 #include "support/StubWindow.h"
@@ -23,7 +23,7 @@
 #include <QTreeView>
 
 #include "platform/Shell.h"
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 #include <QUrl>
 

@@ -1,6 +1,6 @@
 #include "support/CatalogueBytes.h"
 
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QFile>
 

@@ -1,7 +1,7 @@
 #pragma once
 // A literal rendering of FitText's cut, by whole-text byte conversions, against which the
 // real one is checked on generated and fuzzed texts.
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QString>
 

@@ -1,6 +1,6 @@
 #include "support/GuardedDirs.h"
 
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <QDir>
 #include <QFile>

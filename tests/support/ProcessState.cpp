@@ -1,7 +1,7 @@
 #include "support/ProcessState.h"
 
 #include "launch/MainWindowLink.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <QDir>
 

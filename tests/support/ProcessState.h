@@ -1,6 +1,6 @@
 #pragma once
 // One guard for the process-wide state that tests change: the configuration record and the
-// flags beside it, the directories and globals of the shell, the installed window link, the
+// flags beside it, the directories and globals of the utilities, the installed window link, the
 // message-box handler, the current directory and the TMP and TEMP variables. Everything is
 // put back as it was when the guard goes.
 #include "data/Cfg.h"

@@ -1,8 +1,8 @@
 #include "adapters/j80/J80Cfg.h"
 
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
+#include "util/SubFunction.h"
 
 #include <QFile>
 

@@ -1,7 +1,7 @@
 #include "adapters/p88sr/P88srLaunch.h"
 
 #include "data/Cfg.h"
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 namespace tv {
 

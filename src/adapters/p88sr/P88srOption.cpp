@@ -1,7 +1,7 @@
 #include "adapters/p88sr/P88srOption.h"
 
-#include "shell/Sjis.h"
-#include "shell/SubFunction.h"
+#include "util/Sjis.h"
+#include "util/SubFunction.h"
 
 #include <QFile>
 

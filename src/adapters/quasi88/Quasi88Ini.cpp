@@ -1,7 +1,7 @@
 #include "adapters/quasi88/Quasi88Ini.h"
 
 #include "data/Cfg.h"
-#include "shell/Sjis.h"
+#include "util/Sjis.h"
 
 #include <QFile>
 

@@ -1,8 +1,8 @@
 #include "adapters/quasi88/Quasi88Launch.h"
 
 #include "data/Cfg.h"
-#include "shell/Globals.h"
-#include "shell/SubFunction.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 namespace tv {
 

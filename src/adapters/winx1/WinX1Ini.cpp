@@ -1,7 +1,7 @@
 #include "adapters/winx1/WinX1Ini.h"
 
 #include "launch/LaunchCommand.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <string>
 

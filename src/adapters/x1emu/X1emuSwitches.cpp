@@ -1,7 +1,7 @@
 #include "adapters/x1emu/X1emuSwitches.h"
 
-#include "shell/Sjis.h"
-#include "shell/SubFunction.h"
+#include "util/Sjis.h"
+#include "util/SubFunction.h"
 
 namespace tv {
 

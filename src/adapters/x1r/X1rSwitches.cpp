@@ -1,6 +1,6 @@
 #include "adapters/x1r/X1rSwitches.h"
 
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 namespace tv {
 

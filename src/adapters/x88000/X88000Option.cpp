@@ -1,6 +1,6 @@
 #include "adapters/x88000/X88000Option.h"
 
-#include "shell/SubFunction.h"
+#include "util/SubFunction.h"
 
 #include <QStringList>
 

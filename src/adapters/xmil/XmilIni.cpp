@@ -1,7 +1,7 @@
 #include "adapters/xmil/XmilIni.h"
 
 #include "launch/LaunchCommand.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <string>
 

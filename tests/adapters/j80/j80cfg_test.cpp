@@ -1,6 +1,6 @@
 #include "adapters/j80/J80Cfg.h"
-#include "shell/Globals.h"
-#include "shell/Sjis.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
 
 #include <QFile>
 #include <QTemporaryDir>

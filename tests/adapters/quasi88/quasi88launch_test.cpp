@@ -1,6 +1,6 @@
 #include "adapters/quasi88/Quasi88Launch.h"
 #include "data/Cfg.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <gtest/gtest.h>
 

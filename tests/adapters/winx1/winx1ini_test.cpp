@@ -1,5 +1,5 @@
 #include "adapters/winx1/WinX1Ini.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <gtest/gtest.h>
 

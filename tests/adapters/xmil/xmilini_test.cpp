@@ -1,5 +1,5 @@
 #include "adapters/xmil/XmilIni.h"
-#include "shell/Globals.h"
+#include "util/Globals.h"
 
 #include <gtest/gtest.h>
 
