@@ -2,9 +2,9 @@
 
 #include "data/Cfg.h"
 #include "platform/MsgBox.h"
+#include "startup/ValidateCfg.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
-#include "startup/ValidateCfg.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -29,11 +29,6 @@ struct Refusal {
 QString cfgPath()
 {
     return AppDir + QStringLiteral("/") + kCfgFileName;
-}
-
-bool dirExists(const QString& path)
-{
-    return !FindFile(path, kAttrDirectory).isEmpty();
 }
 
 } // namespace
@@ -92,11 +87,11 @@ bool Startup::Run()
 
     // TMP and TEMP: a variable that names no directory refuses, even when the other one is good.
     const QString tmp = EnvTempValue("TMP");
-    if (VbTrim(tmp).isEmpty() || FindFile(tmp, kAttrDirectory).isEmpty())
+    if (VbTrim(tmp).isEmpty() || !DirExists(tmp))
         Refuse(StartupText::NoTmp);
     EnvTmpDir = TrimTrailingSeparators(tmp);
     const QString temp = EnvTempValue("TEMP");
-    if (VbTrim(temp).isEmpty() || FindFile(temp, kAttrDirectory).isEmpty())
+    if (VbTrim(temp).isEmpty() || !DirExists(temp))
         Refuse(StartupText::NoTemp);
     EnvTempDir = TrimTrailingSeparators(temp);
 
@@ -152,7 +147,7 @@ bool Startup::Run()
     // The catalogue files: every family's file is checked, not only the remembered one.
     for (int family = 0; family < 3; ++family) {
         const QString file = AppDir + QStringLiteral("/") + kLstFileNames[family];
-        if (FindFile(file).isEmpty())
+        if (!FileExists(file))
             continue;
         if (!Window().InitLst(family))
             Refuse(kLstFileNames[family] + QStringLiteral("が不正です。\n") +
@@ -205,7 +200,7 @@ bool Startup::Run()
 bool Startup::MakeBootDir()
 {
     WorkDir = AppDir + QStringLiteral("/TORVBOOT");
-    if (!dirExists(WorkDir))
+    if (!DirExists(WorkDir))
         return QDir().mkdir(WorkDir);
     // A stale directory means an earlier run died during a launch: ask, never overrule.
     if (MsgBox(StartupText::BootDirExists, MbExclamation | MbYesNo) != MbResYes)
@@ -218,7 +213,7 @@ bool Startup::MakeBootDir()
 bool Startup::MakeTempBootDir()
 {
     PeekDir = EnvTmpDir + QStringLiteral("/TORVBOOT");
-    if (dirExists(PeekDir) && !ShellDelete(PeekDir, 0))
+    if (DirExists(PeekDir) && !ShellDelete(PeekDir, 0))
         return false;
     return QDir().mkdir(PeekDir);
 }
@@ -226,7 +221,7 @@ bool Startup::MakeTempBootDir()
 void Startup::CheckCfg()
 {
     const QString file = cfgPath();
-    if (FindFile(file).isEmpty()) {
+    if (!FileExists(file)) {
         Window().HideMain();
         Window().ShowTitle();
         MsgBox(StartupText::NoCfgText, MbInformation, StartupText::NoCfgCaption);
@@ -279,7 +274,7 @@ void Startup::StartFail()
 
 void Startup::FormUnload()
 {
-    if (!FindFile(cfgPath()).isEmpty() && CfgReady == 1) {
+    if (FileExists(cfgPath()) && CfgReady == 1) {
         const QString key = Window().SelectedKey();
         Cfg.LstSelectPos = (Cfg.LstSelectSave == 1 && !key.isEmpty()) ? SeekPointerOfKey(key) : 0;
         if (HardWare <= 2)
@@ -301,7 +296,7 @@ void Startup::FormUnload()
     QDir::setCurrent(AppDir);
     // A directory that can't go (files left by a launch) ends the procedure here; the next
     // start meets it in MakeBootDir.
-    if (!WorkDir.isEmpty() && dirExists(WorkDir) && !QDir().rmdir(WorkDir))
+    if (!WorkDir.isEmpty() && DirExists(WorkDir) && !QDir().rmdir(WorkDir))
         return;
     Window().ReleaseLstObj();
     Window().UnloadOtherForms();

@@ -137,7 +137,7 @@ bool ValidateCfg(const CfgRecord& c)
 
 void CfgDialogUnload(bool stored)
 {
-    const bool present = !FindFile(AppDir + QStringLiteral("/") + kCfgFileName).isEmpty();
+    const bool present = FileExists(AppDir + QStringLiteral("/") + kCfgFileName);
     if (stored) {
         ClearCfg();
         const bool read = present && ReadCfg();

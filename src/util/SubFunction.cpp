@@ -282,7 +282,7 @@ bool PerformFileOp(const QString& src, const QString& dst, int operation)
 
 bool Exists(const QString& path)
 {
-    return !FindFile(path).isEmpty() || !FindFile(path, kAttrDirectory).isEmpty();
+    return FileExists(path) || DirExists(path);
 }
 
 bool IsValid83Name(const QString& name)
@@ -454,6 +454,16 @@ QString FindFile(const QString& path, int attribute)
     } catch (...) {
         return {};
     }
+}
+
+bool FileExists(const QString& path)
+{
+    return !FindFile(path).isEmpty();
+}
+
+bool DirExists(const QString& path)
+{
+    return !FindFile(path, kAttrDirectory).isEmpty();
 }
 
 QString FindFileNoCase(const QString& dir, const QString& name)

@@ -39,6 +39,10 @@ inline constexpr int kAttrDirectory = 16;
 // wildcards is looked up as it is. "dir/" gives "." with attribute 16, else the first plain
 // file in dir.
 QString FindFile(const QString& path, int attribute = 0);
+// What "exists" means throughout the program, by FindFile: a plain file of that name; and a
+// name found with the directory attribute, which a directory or a plain file satisfies.
+bool FileExists(const QString& path);
+bool DirExists(const QString& path);
 
 // The path of the plain file `name` in `dir`, the exact name first, else a name that differs
 // only in case (names stored on or for a case-blind file system); "" when there is none.
