@@ -56,8 +56,7 @@ public:
 
     void cmdOK_Click();
     void cmdCancel_Click();
-
-protected:
+    // Cancel, the close box and Escape: WorkDir is emptied in the modes that used it.
     void reject() override;
 
 private:

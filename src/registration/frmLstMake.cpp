@@ -149,7 +149,8 @@ void frmLstMake::Build()
     }
     txtComment = new QPlainTextEdit(this);
     txtComment->setObjectName(QStringLiteral("txtComment"));
-    txtComment->setFixedHeight(64);
+    txtComment->setMinimumHeight(txtComment->minimumSizeHint().height());
+    txtComment->setMaximumHeight(std::max(120, txtComment->minimumSizeHint().height()));
     info->addWidget(new QLabel(QStringLiteral("Comment"), this), 4, 0);
     info->addWidget(txtComment, 4, 1, 1, 3);
 

@@ -22,6 +22,13 @@
 
 using namespace tv;
 
+// Types text key by key as a keyboard with an input method would, Japanese included.
+static void TypeText(QWidget* w, const QString& text)
+{
+    for (const QChar c : text)
+        QTest::sendKeyEvent(QTest::Click, w, Qt::Key_unknown, QString(c), Qt::NoModifier);
+}
+
 class TstFrmFileSelect : public QObject {
     Q_OBJECT
 private:
@@ -88,6 +95,7 @@ private slots:
     {
         frmFileSelect dlg(1, 0, arc, QStringLiteral("a.d88"));
         QVERIFY(dlg.ready());
+        dlg.show();
         QCOMPARE(dlg.lblTitle->text(),
                  QStringLiteral("２番目以降のファイル順序\n(右側リストへの格納順)"));
         QCOMPARE(dlg.lstFileL->count(), 2); // the start file is left out
@@ -142,6 +150,7 @@ private slots:
         Cfg.FilterOrder[1][3] = 2;
         Cfg.FilterOrder[2][3] = 3;
         frmFileSelect dlg(2, 3, QString(), QString());
+        dlg.show();
         QCOMPARE(dlg.lblTitle->text(), QStringLiteral("フィルタオプションの設定"));
         QVERIFY(dlg.lstFileL->isHidden());
         QCOMPARE(dlg.lstFileR->count(), 3);
@@ -163,7 +172,7 @@ private slots:
         QCOMPARE(dlg.lblFreeColName1->text(), QStringLiteral("媒体"));
         QCOMPARE(dlg.lblFreeColName2->text(), QStringLiteral("備考欄"));
         QCOMPARE(dlg.cbxColFile[0]->count(), 10);
-        QTest::keyClicks(dlg.cbxColFile[2]->lineEdit(), QStringLiteral("5インチ2D"));
+        TypeText(dlg.cbxColFile[2]->lineEdit(), QStringLiteral("5インチ2D"));
         boxes.answer(MbResYes);
         QTest::mouseClick(dlg.cmdColFile[4], Qt::LeftButton);
         QCOMPARE(dlg.cbxColFile[2]->count(), 1);
@@ -176,7 +185,7 @@ private slots:
                  QStringList({"[5インチ2D] を追加しますか？", "[ACT] を削除しますか？"}));
         // Typing is held to the list's width (20 bytes).
         dlg.cbxColFile[3]->lineEdit()->clear();
-        QTest::keyClicks(dlg.cbxColFile[3]->lineEdit(), QString(25, QLatin1Char('z')));
+        TypeText(dlg.cbxColFile[3]->lineEdit(), QString(25, QLatin1Char('z')));
         QCOMPARE(dlg.cbxColFile[3]->currentText(), QString(20, QLatin1Char('z')));
     }
 };

@@ -32,6 +32,13 @@
 
 using namespace tv;
 
+// Types text key by key as a keyboard with an input method would, Japanese included.
+static void TypeText(QWidget* w, const QString& text)
+{
+    for (const QChar c : text)
+        QTest::sendKeyEvent(QTest::Click, w, Qt::Key_unknown, QString(c), Qt::NoModifier);
+}
+
 class TstFrmLstMake : public QObject {
     Q_OBJECT
 private:
@@ -114,9 +121,9 @@ private slots:
         frmLstMake dlg(0, ui);
         QCOMPARE(dlg.windowTitle(), QStringLiteral("アイテム編集"));
         QVERIFY(!dlg.cmdNew->isEnabled());
-        QTest::keyClicks(dlg.txtTitle, QStringLiteral("ソーサリアン"));
+        TypeText(dlg.txtTitle, QStringLiteral("ソーサリアン"));
         dlg.cbxColFile[0]->setEditText(QStringLiteral("RPG"));
-        QTest::keyClicks(dlg.txtComment, QStringLiteral("剣と魔法"));
+        TypeText(dlg.txtComment, QStringLiteral("剣と魔法"));
         picked = ImageDir[0] + "/SORCER.D88";
         QTest::mouseClick(dlg.cmdJituFile, Qt::LeftButton);
         QCOMPARE(dlg.txtJituFile->text(), QStringLiteral("SORCER.D88"));
@@ -158,7 +165,7 @@ private slots:
         QCOMPARE(dlg.txtTitle->text(), QStringLiteral("イルマータ"));
         QVERIFY(dlg.cmdNew->isEnabled());
         dlg.txtTitle->clear();
-        QTest::keyClicks(dlg.txtTitle, QStringLiteral("イルマータ改"));
+        TypeText(dlg.txtTitle, QStringLiteral("イルマータ改"));
         QTest::mouseClick(dlg.cmdApply, Qt::LeftButton);
         QCOMPARE(boxes.texts(), QStringList({"リストを更新しました"}));
         QCOMPARE(boxes.calls()[0].caption, QStringLiteral("TORVANE ( 2 Images )"));
