@@ -70,12 +70,12 @@ TEST_F(SideListTest, NewListOfOtherKindsIsHeaderOnly)
 
 TEST_F(SideListTest, OlderGenreFileIsConvertedAtFirstUse)
 {
-    const QByteArray old = Item("アクション程度", 12) + Item("RPG", 12) + Item("ＡＢＣＤＥＦ", 12);
+    const QByteArray old = Item("アクション程", 12) + Item("RPG", 12) + Item("ＡＢＣＤＥＦ", 12);
     ASSERT_TRUE(WriteFile(app("TORVANE.GNR"), old));
     ASSERT_TRUE(WriteFile(app("TORVANE.CTP"), "left over"));
-    EXPECT_EQ(LoadSideList(0), QStringList({"アクション程度", "RPG", "ＡＢＣＤＥＦ"}));
+    EXPECT_EQ(LoadSideList(0), QStringList({"アクション程", "RPG", "ＡＢＣＤＥＦ"}));
     EXPECT_EQ(ReadFile(app("TORVANE.GNR")), QByteArray("TORVANE.GNR Version 0.11") +
-                                                Item("アクション程度", 20) + Item("RPG", 20) +
+                                                Item("アクション程", 20) + Item("RPG", 20) +
                                                 Item("ＡＢＣＤＥＦ", 20));
     EXPECT_FALSE(QFile::exists(app("TORVANE.CTP")));
     // A second load finds the new format and leaves the file alone.
