@@ -4,8 +4,11 @@
 
 #include "adapters/Adapters.h"
 #include "data/Cfg.h"
+#include "data/TitleListModel.h"
 #include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmTitle.h"
+#include "registration/frmColEditor.h"
+#include "registration/frmLstMake.h"
 #include "settings/frmAbout.h"
 #include "settings/frmCfg.h"
 #include "util/Globals.h"
@@ -89,12 +92,39 @@ frmMain::~frmMain()
 void frmMain::SetCatalogue(std::unique_ptr<MainCatalogue> c)
 {
     catalogue_ = std::move(c);
+    // Registration needs the catalogue that takes its rows.
+    menus.mnuEditAddItem->setEnabled(catalogue_ != nullptr);
+    menus.mnuEditChangeItem->setEnabled(catalogue_ != nullptr);
+}
+
+void frmMain::OpenItemEditor(bool newItem)
+{
+    if (!catalogue_ || !catalogue_->Ui() || HardWare > 2) {
+        return;
+    }
+    int32_t seek = 0;
+    if (!newItem) {
+        const QString key = catalogue_->SelectedKey(*this);
+        if (key.isEmpty()) {
+            return;
+        }
+        seek = SeekOfListKey(key);
+    }
+    frmLstMake dlg(seek, catalogue_->Ui(), this);
+    dlg.exec();
 }
 
 void frmMain::ConnectMenus()
 {
     connect(menus.mnuFileEnd, &QAction::triggered, this, &QWidget::close);
     connect(menus.mnuOptionCfg, &QAction::triggered, this, [this] { ShowCfgDialog(); });
+    connect(menus.mnuEditAddItem, &QAction::triggered, this, [this] { OpenItemEditor(true); });
+    connect(menus.mnuEditChangeItem, &QAction::triggered, this, [this] { OpenItemEditor(false); });
+    menus.mnuToolColEditor->setEnabled(true);
+    connect(menus.mnuToolColEditor, &QAction::triggered, this, [this] {
+        frmColEditor dlg(this);
+        dlg.exec();
+    });
     connect(menus.mnuHelpTORVANE, &QAction::triggered, this, [] { ShowHelpTopic(kHelpMain); });
     connect(menus.mnuHelpTopic, &QAction::triggered, this, [] { ShowHelpTopic(kHelpContents); });
     connect(menus.mnuHelpVersion, &QAction::triggered, this, [this] {
@@ -154,6 +184,11 @@ void frmMain::BuildControls()
     lstD88->setSelectionMode(QAbstractItemView::SingleSelection);
     lstD88->setEditTriggers(QAbstractItemView::NoEditTriggers);
     lstD88->horizontalHeader()->setStretchLastSection(true);
+    // With DblClickProc 0 a double click edits the title; 1 belongs to the launch.
+    connect(lstD88, &QTableView::doubleClicked, this, [this] {
+        if (Cfg.DblClickProc == 0)
+            OpenItemEditor(false);
+    });
 
     fraScrCom = new QFrame(splMain);
     fraScrCom->setObjectName(QStringLiteral("fraScrCom"));

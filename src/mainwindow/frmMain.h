@@ -91,6 +91,8 @@ public:
     void SetTaskIcon() override;
     void RemoveTaskIcon() override;
     void ShowCfgDialog() override;
+    // frmLstMake on a new title, or on the selected one.
+    void OpenItemEditor(bool newItem);
     QString SelectedKey() override;
     std::array<float, 6> ColumnWidths() override;
     int WindowState() override;

@@ -122,7 +122,13 @@ private slots:
     void mainWindowBuildsTheSameMenus()
     {
         frmMain w;
-        QCOMPARE(layout(&w, w.menus), kExpected);
+        // The main window enables the side-list editor, which needs no catalogue.
+        QStringList expected = kExpected;
+        const qsizetype i =
+            expected.indexOf(QStringLiteral("  mnuToolColEditor|カラムエディタ(&E)...|d"));
+        QVERIFY(i >= 0);
+        expected[i] = QStringLiteral("  mnuToolColEditor|カラムエディタ(&E)...|e");
+        QCOMPARE(layout(&w, w.menus), expected);
     }
 
     void typedMembersAreTheNamedEntries()
