@@ -8,6 +8,7 @@
 #include "support/GuardedDirs.h"
 #include "support/ScriptedMsgBox.h"
 #include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -23,6 +24,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(dirs.isValid());
+        InitTables(); // the archive types
         ImageDir[0] = dirs.path("images");
         ASSERT_TRUE(QDir().mkpath(ImageDir[0]));
         ASSERT_TRUE(QDir().mkpath(PeekDir));
