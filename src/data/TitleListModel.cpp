@@ -7,14 +7,25 @@
 #include "util/SubFunction.h"
 
 #include <QFile>
+#include <QGuiApplication>
 #include <QHash>
 #include <QPainter>
 #include <QPainterPath>
+#include <QPalette>
 #include <QPixmap>
 #include <algorithm>
 #include <numeric>
 
 namespace tv {
+
+namespace {
+
+QBrush QApplicationPalette(QPalette::ColorRole role)
+{
+    return QGuiApplication::palette().brush(QPalette::Active, role);
+}
+
+} // namespace
 
 int SortColumnOfKey(int key)
 {
@@ -106,6 +117,13 @@ QVariant TitleListModel::data(const QModelIndex& index, int role) const
                 return icon;
         }
         return {};
+    case Qt::BackgroundRole:
+    case Qt::ForegroundRole:
+        // The drop highlight takes the colours of a selection without being one.
+        if (index.row() == dropHighlight_)
+            return QApplicationPalette(role == Qt::BackgroundRole ? QPalette::Highlight
+                                                                  : QPalette::HighlightedText);
+        return {};
     case KeyRole:
         return r.key;
     case SeekRole:
@@ -182,6 +200,39 @@ void TitleListModel::endFill()
     // One reset is far cheaper for a view than tens of thousands of single inserts.
     beginResetModel();
     endResetModel();
+}
+
+bool TitleListModel::removeListRow(int r)
+{
+    if (r < 0 || r >= int(rows_.size()))
+        return false;
+    beginRemoveRows(QModelIndex(), r, r);
+    rows_.erase(rows_.begin() + r);
+    endRemoveRows();
+    if (dropHighlight_ >= int(rows_.size()))
+        dropHighlight_ = -1;
+    return true;
+}
+
+void TitleListModel::rekeyRows(const std::function<QString(const QString&)>& rekey)
+{
+    for (Row& row : rows_)
+        row.key = rekey(row.key);
+    if (!rows_.empty())
+        emit dataChanged(index(0, 0), index(int(rows_.size()) - 1, kListColumns - 1),
+                         {KeyRole, SeekRole});
+}
+
+void TitleListModel::setDropHighlight(int r)
+{
+    if (r < -1 || r >= int(rows_.size()) || r == dropHighlight_)
+        return;
+    const int old = dropHighlight_;
+    dropHighlight_ = r;
+    for (int x : {old, r})
+        if (x >= 0)
+            emit dataChanged(index(x, 0), index(x, kListColumns - 1),
+                             {Qt::BackgroundRole, Qt::ForegroundRole});
 }
 
 int TitleListModel::rowOfSeek(int32_t seekPointer) const

@@ -71,6 +71,13 @@ public:
     int rowOfSeek(int32_t seekPointer) const;
     // Replaces the texts of the row of `seekPointer` from the working copy of LstObj.
     bool updateRow(int r);
+    // Takes one row out; false for a row that isn't there.
+    bool removeListRow(int r);
+    // Gives every row the key `rekey` makes of its old one, announced once for all rows.
+    void rekeyRows(const std::function<QString(const QString&)>& rekey);
+    // The row shown as the drop highlight of the tracking selection; -1 for none.
+    void setDropHighlight(int r);
+    int dropHighlight() const { return dropHighlight_; }
 
     // Sorts once by the text of a column, case-insensitively; rows added later stay at the end.
     void sortByColumn(int column, bool descending);
@@ -88,6 +95,7 @@ private:
     std::array<QString, kListColumns> captions_;
     bool filling_ = false;
     int fillStart_ = 0;
+    int dropHighlight_ = -1;
 };
 
 enum class LoadListStatus { Loaded, Created, BadFamily, BadVersion };

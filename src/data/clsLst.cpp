@@ -5,6 +5,7 @@
 #include "util/SubFunction.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 namespace tv {
 
@@ -369,6 +370,14 @@ bool clsLst::RemoveLst(int32_t seekPointer)
         return false;
     const QString lstPath = LstFilePath(HardWare);
     const QString workPath = LstWorkFilePath(HardWare);
+    // A catalogue that can't be written is refused before anything moves, so that no record
+    // is lost on the way.
+    const QFileInfo lstInfo(lstPath);
+    // The owner's write bit counts even where the user could override it.
+    if (!lstInfo.isFile() || !lstInfo.isWritable() ||
+        !lstInfo.permission(QFileDevice::WriteOwner) ||
+        !QFileInfo(lstInfo.absolutePath()).isWritable())
+        return false;
     // A work file left by an earlier failure is stale.
     if (QFile::exists(workPath))
         ShellDelete(workPath, 0);
@@ -397,10 +406,11 @@ bool clsLst::RemoveLst(int32_t seekPointer)
         f2.flush();
         workLength = f2.size();
     }
-    MaxCnt = CountRecords(workLength);
     const bool deleted = ShellDelete(lstPath, 0);
-    const bool moved = ShellMove(workPath, lstPath, 0);
-    return deleted && moved;
+    const bool moved = deleted && ShellMove(workPath, lstPath, 0);
+    if (moved)
+        MaxCnt = CountRecords(workLength);
+    return moved;
 }
 
 } // namespace tv

@@ -4,10 +4,14 @@
 
 #include "data/Cfg.h"
 #include "data/ItemDetail.h"
+#include "data/ListCommands.h"
 #include "data/clsLst.h"
 #include "launch/MainWindowLink.h"
+#include "launch/ManualFile.h"
+#include "mainwindow/frmSearch.h"
 #include "platform/MsgBox.h"
 #include "util/Globals.h"
+#include "util/Help.h"
 #include "util/SubFunction.h"
 
 #include <QApplication>
@@ -23,10 +27,12 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QTableView>
 #include <QTextEdit>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace tv {
@@ -62,6 +68,8 @@ CatalogueUi::CatalogueUi(const CatalogueWidgets& w, QObject* parent) : QObject(p
     v->setEditTriggers(QAbstractItemView::NoEditTriggers);
     v->setSortingEnabled(false); // sorted once per click, by the sort keys
     v->setWordWrap(false);
+    // Scrolling goes by whole rows: the tracking selection moves the list a line at a time.
+    v->setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     v->setIconSize(QSize(16, 16));
     // Fixed row heights keep a list of tens of thousands of rows fast.
     v->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -71,10 +79,16 @@ CatalogueUi::CatalogueUi(const CatalogueWidgets& w, QObject* parent) : QObject(p
     v->horizontalHeader()->setHighlightSections(false);
     connect(v->horizontalHeader(), &QHeaderView::sectionClicked, this,
             [this](int section) { lstD88_ColumnClick(section + 1); });
-    connect(v, &QTableView::clicked, this, [this] { ShowItemDetail(); });
+    // Tab leaves the list for the next control, as on any desktop.
+    v->setTabKeyNavigation(false);
+    // A press on the list starts the tracking selection; its release shows the row.
+    v->viewport()->installEventFilter(this);
+    trackTimer_ = new QTimer(this);
+    trackTimer_->setInterval(50);
+    connect(trackTimer_, &QTimer::timeout, this, [this] { trackStep(); });
     connect(v->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& cur) {
-                if (cur.isValid() && !sortReentry_)
+                if (cur.isValid() && !sortReentry_ && !tracking_)
                     ShowItemDetail();
             });
 
@@ -179,7 +193,10 @@ void CatalogueUi::buildFooters()
         auto* man = new QPushButton(QStringLiteral("Manual(&N)"), f);
         man->setObjectName(QStringLiteral("cmdManFile(%1)").arg(fam));
         man->setEnabled(false);
-        connect(man, &QPushButton::clicked, this, [this, fam] { emit manFileRequested(fam); });
+        connect(man, &QPushButton::clicked, this, [this, fam] {
+            cmdManFile_Click(fam);
+            emit manFileRequested(fam);
+        });
         cmdManFile_[size_t(fam)] = man;
         lay->addWidget(man);
         auto* none = new QPushButton(QStringLiteral("No Select"), f);
@@ -193,6 +210,13 @@ void CatalogueUi::buildFooters()
         });
         cmdNoSelect_[size_t(fam)] = none;
         lay->addWidget(none);
+        auto* help = new QPushButton(QStringLiteral("?"), f);
+        help->setObjectName(QStringLiteral("cmdHelpContext(%1)").arg(fam));
+        help->setToolTip(QStringLiteral("ヘルプ"));
+        help->setMaximumWidth(32);
+        connect(help, &QPushButton::clicked, this, [this] { cmdHelpContext_Click(); });
+        cmdHelpContext_[size_t(fam)] = help;
+        lay->addWidget(help);
     }
 }
 
@@ -258,6 +282,19 @@ void CatalogueUi::buildPopup()
     });
     popActions_[QStringLiteral("mnuPopEmuRunMan")] = man;
 
+    QAction* change = mnuPop_->addAction(QStringLiteral("アイテム編集(&C)..."));
+    change->setObjectName(QStringLiteral("mnuPopChangeItem"));
+    change->setEnabled(false);
+    change->setToolTip(QStringLiteral("この機能は後の版で使えるようになります"));
+    popActions_[change->objectName()] = change;
+    QAction* del = mnuPop_->addAction(QStringLiteral("アイテム削除(&D)"));
+    del->setObjectName(QStringLiteral("mnuPopDeleteItem"));
+    del->setEnabled(false);
+    connect(del, &QAction::triggered, this, [this] { mnuPopDeleteItem_Click(); });
+    popActions_[del->objectName()] = del;
+    mnuPop_->addSeparator();
+    mnuPop_->setToolTipsVisible(true);
+
     QMenu* sort = mnuPop_->addMenu(QStringLiteral("並べ替え(&S)"));
     sort->setObjectName(QStringLiteral("mnuPopSort"));
     popActions_[QStringLiteral("mnuPopSort")] = sort->menuAction();
@@ -300,8 +337,50 @@ void CatalogueUi::ShowPopup(const QPoint& globalPos)
 
 bool CatalogueUi::eventFilter(QObject* watched, QEvent* event)
 {
+    if (watched == w_.lstD88->viewport()) {
+        switch (event->type()) {
+        case QEvent::MouseButtonPress: {
+            auto* m = static_cast<QMouseEvent*>(event);
+            if (m->button() != Qt::LeftButton || model_->rowCount() < 1)
+                break;
+            w_.lstD88->setFocus(Qt::MouseFocusReason);
+            trackPress(m->position().toPoint());
+            return true; // the selection waits for the release
+        }
+        case QEvent::MouseButtonDblClick: {
+            auto* m = static_cast<QMouseEvent*>(event);
+            if (m->button() != Qt::LeftButton)
+                break;
+            // The first click's release has made the row the selection.
+            const QModelIndex at = w_.lstD88->indexAt(m->position().toPoint());
+            if (at.isValid())
+                emit w_.lstD88->doubleClicked(at);
+            return true;
+        }
+        case QEvent::MouseMove:
+            if (tracking_) {
+                trackMove(static_cast<QMouseEvent*>(event)->position().toPoint());
+                return true; // the list's own drag selection stays out of it
+            }
+            break;
+        case QEvent::MouseButtonRelease:
+            if (tracking_ && static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton) {
+                trackMove(static_cast<QMouseEvent*>(event)->position().toPoint());
+                trackRelease();
+            }
+            break;
+        default:
+            break;
+        }
+        return QObject::eventFilter(watched, event);
+    }
     if (watched == w_.lstD88 && event->type() == QEvent::KeyPress) {
         auto* k = static_cast<QKeyEvent*>(event);
+        if (k->key() == Qt::Key_Delete && k->modifiers() == Qt::NoModifier) {
+            if (QAction* del = mnuPop(QStringLiteral("mnuPopDeleteItem")); del && del->isEnabled())
+                mnuPopDeleteItem_Click();
+            return true;
+        }
         if (k->key() == Qt::Key_Space && k->modifiers() == Qt::NoModifier) {
             QPoint at(0, 0);
             const int r = selectedRow();
@@ -345,6 +424,9 @@ void CatalogueUi::connectMenus()
     for (int i = 1; i <= 9; ++i)
         connect(m->runEntry(i), &QAction::triggered, this,
                 [this, i] { emit emuRunRequested(i + 10 * HardWare); });
+    connect(m->mnuEditDeleteItem, &QAction::triggered, this, [this] { mnuPopDeleteItem_Click(); });
+    m->mnuEditSearch->setEnabled(true);
+    connect(m->mnuEditSearch, &QAction::triggered, this, [this] { mnuEditSearch_Click(); });
     connect(m->mnuEmuRunMan, &QAction::triggered, this, [this] {
         if (HardWare <= 2 && cmdManFile_[HardWare]->isEnabled())
             cmdManFile_[HardWare]->click();
@@ -748,6 +830,7 @@ void CatalogueUi::ShowItemDetail()
     if (QAction* a = mnuPop(QStringLiteral("mnuPopEmuRunMan")))
         a->setEnabled(man);
 
+    setDeleteEnabled(true);
     setStatus(ItemStatusText(LstObj));
 }
 
@@ -783,8 +866,141 @@ void CatalogueUi::ClearItemDetail()
         for (int code : FamilyEmuCodes(HardWare))
             setEmuEnabled(code, EmuInUse(code));
     }
+    setDeleteEnabled(false);
     setStatus(kNothingSelectedText);
     resetSaveLabels();
+}
+
+void CatalogueUi::setDeleteEnabled(bool on)
+{
+    if (QAction* a = mnuPop(QStringLiteral("mnuPopDeleteItem")))
+        a->setEnabled(on);
+    if (w_.menus)
+        w_.menus->mnuEditDeleteItem->setEnabled(on);
+}
+
+// --- Commands ------------------------------------------------------------------------------
+
+void CatalogueUi::mnuPopDeleteItem_Click()
+{
+    const int r = selectedRow();
+    if (r < 0 || HardWare > 2)
+        return;
+    LstObj.GetLst(model_->seekPointer(r));
+    const QString title = LstObj.GetTitle();
+    if (MsgBox(QStringLiteral("Title [ ") + title + QStringLiteral(" ]\n削除してよろしいですか？"),
+               MbYesNo | MbQuestion | MbDefaultButton2) != MbResYes)
+        return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    setStatus(title + QStringLiteral("削除中．． "));
+    w_.lstD88->setVisible(false);
+    sortReentry_ = true;
+    const DeleteItemResult result = DeleteListItem(*model_, r);
+    sortReentry_ = false;
+    w_.lstD88->setVisible(true);
+    QApplication::restoreOverrideCursor();
+    if (result != DeleteItemResult::Deleted) {
+        // The file was not touched: every record and row stays as it was.
+        setStatus(ItemStatusText(LstObj));
+        MsgBox(QStringLiteral("カタログファイルに書き込めないため、削除できませんでした。"),
+               MbExclamation);
+        return;
+    }
+    setCaption();
+    sortReentry_ = true;
+    w_.lstD88->clearSelection();
+    w_.lstD88->setCurrentIndex(QModelIndex());
+    sortReentry_ = false;
+    ClearItemDetail();
+}
+
+void CatalogueUi::cmdManFile_Click(int family)
+{
+    if (selectedRow() < 0 || family < 0 || family > 2)
+        return;
+    LstObj.GetLst(model_->seekPointer(selectedRow()));
+    OpenItemManual(LstObj, family, w_.window);
+}
+
+void CatalogueUi::cmdHelpContext_Click()
+{
+    ShowHelpTopic(kHelpMain);
+}
+
+void CatalogueUi::mnuEditSearch_Click()
+{
+    frmSearch dlg(this, w_.window);
+    dlg.exec();
+}
+
+// --- Tracking selection ------------------------------------------------------------------
+
+void CatalogueUi::trackPress(const QPoint& pos)
+{
+    if (model_->rowCount() < 1)
+        return;
+    tracking_ = true;
+    trackPos_ = pos;
+    // The selection gives way to the drop highlight until the release.
+    const int r = w_.lstD88->rowAt(pos.y());
+    const int selected = selectedRow();
+    sortReentry_ = true;
+    w_.lstD88->clearSelection();
+    sortReentry_ = false;
+    // Below the last row the selection keeps its row.
+    model_->setDropHighlight(r >= 0 ? r : selected);
+}
+
+void CatalogueUi::trackMove(const QPoint& pos)
+{
+    trackPos_ = pos;
+    trackStep();
+    const int h = w_.lstD88->viewport()->height();
+    // Beyond an edge the list keeps scrolling by a line while the pointer stands there.
+    if (pos.y() < 0 || pos.y() >= h) {
+        if (!trackTimer_->isActive())
+            trackTimer_->start();
+    } else {
+        trackTimer_->stop();
+    }
+}
+
+void CatalogueUi::trackStep()
+{
+    if (!tracking_)
+        return;
+    QTableView* v = w_.lstD88;
+    const int n = model_->rowCount();
+    const int h = v->viewport()->height();
+    const int y = trackPos_.y();
+    if (y < 0) {
+        v->verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepSub);
+        model_->setDropHighlight(v->rowAt(0));
+    } else if (y >= h) {
+        v->verticalScrollBar()->triggerAction(QAbstractSlider::SliderSingleStepAdd);
+        const int last = v->rowAt(h - 1);
+        if (model_->dropHighlight() >= n - 2 || last < 0)
+            model_->setDropHighlight(n - 1);
+        else
+            model_->setDropHighlight(last);
+    } else {
+        const int r = v->rowAt(y);
+        if (r >= 0)
+            model_->setDropHighlight(r);
+    }
+}
+
+void CatalogueUi::trackRelease()
+{
+    trackTimer_->stop();
+    tracking_ = false;
+    const int r = model_->dropHighlight();
+    model_->setDropHighlight(-1);
+    if (r < 0)
+        return;
+    selectRow(r);
+    w_.lstD88->scrollTo(model_->index(r, 0), QAbstractItemView::EnsureVisible);
+    ShowItemDetail();
 }
 
 // Every save-state slot back to "no state", both rows.

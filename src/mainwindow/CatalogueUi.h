@@ -22,6 +22,7 @@ class QPushButton;
 class QStatusBar;
 class QTableView;
 class QTextEdit;
+class QTimer;
 
 namespace tv {
 
@@ -63,6 +64,7 @@ public:
     static CatalogueWidgets BuildStandalone(QMainWindow* window, MainMenus* menus);
 
     TitleListModel* model() const { return model_; }
+    QTableView* listView() const { return w_.lstD88; }
     QMenu* popupMenu() const { return mnuPop_; }
     const MainMenus* menus() const { return w_.menus; }
     QLabel* statusPanel1() const { return stbPanel1_; }
@@ -72,6 +74,7 @@ public:
     QCheckBox* chkPanUse() const { return chkPanUse_; }
     QPushButton* cmdManFile(int family) const { return cmdManFile_[size_t(family)]; }
     QPushButton* cmdNoSelect(int family) const { return cmdNoSelect_[size_t(family)]; }
+    QPushButton* cmdHelpContext(int family) const { return cmdHelpContext_[size_t(family)]; }
     ClickLabel* lblP88Save() const { return lblP88Save_; }
     ClickLabel* lblP88SaveData(int slot) const { return lblP88SaveData_[size_t(slot)]; }
     QLabel* lblM88Save() const { return lblM88Save_; }
@@ -102,6 +105,17 @@ public:
     void ShowPopup(const QPoint& globalPos);
     void lblP88Save_Click();
     void lblP88SaveData_Click(int index);
+    // Deletes the selected title after the user's yes; the list and the file stay in step.
+    void mnuPopDeleteItem_Click();
+    // The manual of the selected title, handed to the desktop.
+    void cmdManFile_Click(int family);
+    // Help at the main window's topic.
+    void cmdHelpContext_Click();
+    // frmSearch on the list, modal.
+    void mnuEditSearch_Click();
+    // While the left button is held over the list: the row under the pointer carries the drop
+    // highlight; it becomes the selection at release.
+    bool tracking() const { return tracking_; }
     // Key of the selected row, "" with none.
     QString SelectedKey() const;
     int selectedRow() const;
@@ -118,6 +132,11 @@ signals:
     void manFileRequested(int family);
 
 private:
+    void trackPress(const QPoint& pos);
+    void trackMove(const QPoint& pos);
+    void trackRelease();
+    void trackStep(); // one step at the pointer's last position: highlight, edge scroll
+    void setDeleteEnabled(bool on);
     void resetSaveLabels();
     void buildFooters();
     void buildSaveLabels();
@@ -149,6 +168,10 @@ private:
     QString picturePath_;
     bool sortReentry_ = false;
     bool widthsApplied_ = false;
+    bool tracking_ = false;
+    QPoint trackPos_;
+    QTimer* trackTimer_ = nullptr;
+    std::array<QPushButton*, 3> cmdHelpContext_{};
 };
 
 } // namespace tv

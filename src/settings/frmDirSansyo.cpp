@@ -73,6 +73,15 @@ frmDirSansyo::frmDirSansyo(QWidget* parent) : QDialog(parent)
                 if (cur.isValid())
                     txtSansyoDir->setText(QDir::toNativeSeparators(model_->filePath(cur)));
             });
+    connect(model_, &QFileSystemModel::directoryLoaded, this, [this](const QString& loaded) {
+        const QString target = QDir::cleanPath(shownPath_);
+        const QString dir = QDir::cleanPath(loaded);
+        if (!shownPath_.isEmpty() &&
+            (target == dir || target.startsWith(dir.endsWith(u'/') ? dir : dir + u'/')))
+            revealShownPath();
+    });
+    // A choice in the tree ends the opening at the given path.
+    connect(dirSansyo, &QTreeView::clicked, this, [this] { shownPath_.clear(); });
     connect(drvSansyo, &QComboBox::currentIndexChanged, this, [this] { drvSansyo_Change(); });
     connect(cmdOK, &QPushButton::clicked, this, &frmDirSansyo::cmdOK_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
@@ -80,11 +89,26 @@ frmDirSansyo::frmDirSansyo(QWidget* parent) : QDialog(parent)
 
 void frmDirSansyo::SetListPath(const QString& dir)
 {
-    const QModelIndex idx = model_->index(dir);
-    dirSansyo->setCurrentIndex(idx);
-    dirSansyo->scrollTo(idx);
-    dirSansyo->expand(idx);
+    shownPath_ = dir;
+    revealShownPath();
     txtSansyoDir->setText(QDir::toNativeSeparators(dir));
+}
+
+// The model reads directories in the background: the path is opened again each time a
+// directory on its way has been read, so the tree ends up expanded down to it.
+void frmDirSansyo::revealShownPath()
+{
+    if (shownPath_.isEmpty())
+        return;
+    const QModelIndex idx = model_->index(shownPath_);
+    if (!idx.isValid())
+        return;
+    for (QModelIndex p = idx.parent(); p.isValid(); p = p.parent())
+        dirSansyo->expand(p);
+    dirSansyo->expand(idx);
+    if (dirSansyo->currentIndex() != idx)
+        dirSansyo->setCurrentIndex(idx);
+    dirSansyo->scrollTo(idx, QAbstractItemView::PositionAtCenter);
 }
 
 void frmDirSansyo::Start(const QString& path)

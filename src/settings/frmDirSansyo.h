@@ -37,6 +37,9 @@ private:
     QFileSystemModel* model_;
     QString result_;
     int lastDrive_ = 0;
+    // The directory the tree is to open at; its parents are expanded as the model loads them.
+    QString shownPath_;
+    void revealShownPath();
 };
 
 // Shows the picker modally; on OK `path` takes the chosen directory and true is returned, on

@@ -9,6 +9,7 @@ inline const QString kHelpFileName = QStringLiteral("TORVANE.html");
 // Topics (anchors of the help file).
 inline const QString kHelpContents = QStringLiteral("contents");
 inline const QString kHelpMain = QStringLiteral("main");
+inline const QString kHelpSearch = QStringLiteral("search");
 inline const QString kHelpCfg = QStringLiteral("cfg");
 inline const QString kHelpDirSansyo = QStringLiteral("dirsansyo");
 

@@ -3,11 +3,11 @@
 #include "data/Cfg.h"
 #include "settings/frmCfg.h"
 #include "settings/frmDirSansyo.h"
-#include "util/Globals.h"
 #include "startup/ValidateCfg.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/ScriptedPickers.h"
 #include "support/StubWindow.h"
+#include "util/Globals.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -310,6 +310,22 @@ private slots:
         p.cmdOK_Click();
         QVERIFY(QFileInfo(root.path() + "/new").isDir());
         QCOMPARE(p.Result(), root.path() + "/new");
+    }
+
+    void dirPickerOpensExpandedAtItsDirectory()
+    {
+        const QString deep = root.path() + "/a/b/c";
+        QVERIFY(QDir().mkpath(deep));
+        frmDirSansyo p;
+        p.show();
+        p.Start(deep);
+        auto* model = qobject_cast<QFileSystemModel*>(p.dirSansyo->model());
+        QVERIFY(model);
+        // The tree comes down to the directory, every parent open, as the model reads them.
+        QTRY_COMPARE(model->filePath(p.dirSansyo->currentIndex()), deep);
+        for (const QString& d : {root.path(), root.path() + "/a", root.path() + "/a/b"})
+            QTRY_VERIFY2(p.dirSansyo->isExpanded(model->index(d)), qPrintable(d));
+        QCOMPARE(p.txtSansyoDir->text(), deep);
     }
 
     void dirPickerRefusesBadPaths()

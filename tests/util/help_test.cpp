@@ -1,8 +1,8 @@
 #include "platform/Shell.h"
+#include "support/ScriptedMsgBox.h"
 #include "util/Globals.h"
 #include "util/Help.h"
 #include "util/SubFunction.h"
-#include "support/ScriptedMsgBox.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -76,7 +76,7 @@ TEST(HelpFile, ShippedFileHoldsEveryTopic)
     QFile f(QStringLiteral(TORVANE_BIN_DIR) + "/TORVANE.html");
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     const QString html = QString::fromUtf8(f.readAll());
-    for (const QString& topic : {kHelpContents, kHelpMain, kHelpCfg, kHelpDirSansyo})
+    for (const QString& topic : {kHelpContents, kHelpMain, kHelpSearch, kHelpCfg, kHelpDirSansyo})
         EXPECT_TRUE(html.contains(QStringLiteral("id=\"%1\"").arg(topic))) << topic.toStdString();
 }
 
