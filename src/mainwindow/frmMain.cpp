@@ -8,9 +8,9 @@
 #include "mainwindow/frmTitle.h"
 #include "settings/frmAbout.h"
 #include "settings/frmCfg.h"
+#include "startup/ValidateCfg.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
-#include "startup/ValidateCfg.h"
 
 #include <QAction>
 #include <QApplication>
@@ -539,6 +539,11 @@ void frmMain::RefreshItemDetail()
 {
     if (catalogue_)
         catalogue_->RefreshAfterLaunch(*this);
+}
+
+std::optional<int> frmMain::P88SaveSlot()
+{
+    return catalogue_ ? catalogue_->P88SaveSlot(*this) : std::nullopt;
 }
 
 QObject* frmMain::Owner()
