@@ -193,8 +193,8 @@ void frmP88srOp::SwitchRow(QGridLayout* grid, int i, const char* caption)
         governed << cbx;
     } else if (k < 8) {
         // Row 18 carries two values: its own slot and the slot that row 19 holds.
-        for (const int t :
-             i == 18 ? std::initializer_list<int>{18, 19} : std::initializer_list<int>{i}) {
+        const QList<int> boxes = i == 18 ? QList<int>{18, 19} : QList<int>{i};
+        for (const int t : boxes) {
             const int slot = t == 19 ? 4 : k;
             QLineEdit* box = Number(QStringLiteral("txtP88_2Op"), t, Elem(Op.P88_2Op, size_t(slot)),
                                     BoxLimit(t), 0);

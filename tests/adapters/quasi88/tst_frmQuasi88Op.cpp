@@ -47,7 +47,7 @@ class TestFrmQuasi88Op : public QObject {
 
     template <typename T, typename D> T* c(D& d, const char* name, int index = -1)
     {
-        T* w = d.findChild<T*>(ControlName(QString::fromLatin1(name), index));
+        T* w = d.template findChild<T*>(ControlName(QString::fromLatin1(name), index));
         if (!w)
             qFatal("no control %s(%d)", name, index);
         return w;
