@@ -272,6 +272,11 @@ private slots:
     void settingButtons()
     {
         frmQuasi88Op d(0, nullptr);
+        // The buttons work while their switches are on.
+        QVERIFY(!c<QPushButton>(d, "cmdQ88_40Op", 1)->isEnabled());
+        for (int i : {16, 17, 18, 20})
+            c<QCheckBox>(d, "chkQ88_1Op", i)->setChecked(true);
+        QVERIFY(c<QPushButton>(d, "cmdQ88_40Op", 1)->isEnabled());
         auto* clk = c<QLineEdit>(d, "txtQ88_4Op", 0);
         c<QPushButton>(d, "cmdQ88_40Op", 1)->click();
         QCOMPARE(clk->text(), QStringLiteral("7.9872"));
