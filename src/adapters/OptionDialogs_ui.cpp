@@ -1,6 +1,10 @@
 #include "adapters/OptionDialogs_ui.h"
 
 #include "adapters/m88/frmM88Op.h"
+#include "adapters/p88sr/P88srOption.h"
+#include "adapters/p88sr/frmP88srOp.h"
+#include "adapters/quasi88/frmQuasi88Op.h"
+#include "data/Cfg.h"
 
 namespace tv {
 
@@ -11,6 +15,18 @@ std::map<Emu, OptionDialogEntry>& OptionDialogTable()
          {[](int TitleFlag, QWidget* owner) {
               InitM88Op(static_cast<uint8_t>(TitleFlag));
               ShowM88Op(owner);
+          },
+          nullptr}},
+        {Emu::P88sr,
+         {[](int TitleFlag, QWidget* owner) {
+              InitP88srOp(static_cast<uint8_t>(TitleFlag));
+              ShowP88srOp(owner);
+          },
+          [] { return MakeP88srOption(Cfg.CfgEmuOpt88); }}},
+        {Emu::QUASI88,
+         {[](int TitleFlag, QWidget* owner) {
+              InitQ88Op(static_cast<uint8_t>(TitleFlag));
+              ShowQuasi88Op(owner);
           },
           nullptr}},
     };

@@ -42,6 +42,7 @@ public:
     void MinimiseMain() override {}
     void RestoreMain() override {}
     void RefreshItemDetail() override {}
+    std::optional<int> P88SaveSlot() override { return std::nullopt; }
     QObject* Owner() override { return nullptr; }
 };
 

@@ -4,6 +4,7 @@
 // The start-up and shut-down use the first group, the launch the second.
 #include <QString>
 #include <array>
+#include <optional>
 
 class QObject;
 
@@ -64,6 +65,9 @@ public:
     virtual void RestoreMain() = 0;
     // The detail pane shown anew at the end of a launch (cleared without a selected row).
     virtual void RefreshItemDetail() = 0;
+    // The P88SR save-state slot marked in the detail pane: the first slot label in red while
+    // the row's own label is black; none when no slot is marked.
+    virtual std::optional<int> P88SaveSlot() = 0;
     // The owner of the dialogs the core opens (the archivers' progress); null for none.
     virtual QObject* Owner() = 0;
 };

@@ -1016,6 +1016,16 @@ void CatalogueUi::resetSaveLabels()
     setLabelColour(lblM88Save_, kBlack);
 }
 
+std::optional<int> CatalogueUi::P88SaveSlot() const
+{
+    if (!lblP88Save_ || !lblP88Save_->isEnabled() || labelColour(lblP88Save_) != kBlack)
+        return std::nullopt;
+    for (int i = 0; i < 10; ++i)
+        if (labelColour(lblP88SaveData_[size_t(i)]) == kRed)
+            return i;
+    return std::nullopt;
+}
+
 void CatalogueUi::lblP88Save_Click()
 {
     setLabelColour(lblP88Save_, kRed);

@@ -12,6 +12,7 @@
 #include <array>
 #include <functional>
 #include <map>
+#include <optional>
 
 class QAction;
 class QCheckBox;
@@ -77,6 +78,9 @@ public:
     QPushButton* cmdHelpContext(int family) const { return cmdHelpContext_[size_t(family)]; }
     ClickLabel* lblP88Save() const { return lblP88Save_; }
     ClickLabel* lblP88SaveData(int slot) const { return lblP88SaveData_[size_t(slot)]; }
+    // The slot the user marked for P88SR: while lblP88Save is enabled and black, the first
+    // slot label in pure red; none otherwise.
+    std::optional<int> P88SaveSlot() const;
     QLabel* lblM88Save() const { return lblM88Save_; }
     QLabel* lblM88SaveData(int slot) const { return lblM88SaveData_[size_t(slot)]; }
     QAction* mnuPop(const QString& name) const;

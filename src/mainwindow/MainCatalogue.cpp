@@ -81,6 +81,11 @@ QString MainCatalogue::SelectedKey(frmMain& w)
     return ensureUi(w)->SelectedKey();
 }
 
+std::optional<int> MainCatalogue::P88SaveSlot(frmMain&)
+{
+    return ui_ ? ui_->P88SaveSlot() : std::nullopt;
+}
+
 bool MainCatalogue::HasSelectedItem(frmMain&)
 {
     return ui_ && ui_->selectedRow() >= 0;

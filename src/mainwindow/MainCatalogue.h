@@ -2,6 +2,7 @@
 // The catalogue installed on frmMain: LstObj, the list of the chosen family, the footers and
 // the detail pane on the main window's controls, and the launch from them.
 #include <QString>
+#include <optional>
 
 namespace tv {
 
@@ -23,6 +24,8 @@ public:
     void RefreshDetail(frmMain& w);
     // The end of a launch: the detail pane shown anew, or cleared without a selected row.
     void RefreshAfterLaunch(frmMain& w);
+    // The P88SR save-state slot marked in the detail pane, none without one.
+    std::optional<int> P88SaveSlot(frmMain& w);
     // Key of the selected row of lstD88 ("K25"), "" with none.
     QString SelectedKey(frmMain& w);
     bool HasSelectedItem(frmMain& w);

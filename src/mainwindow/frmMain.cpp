@@ -11,9 +11,9 @@
 #include "registration/frmLstMake.h"
 #include "settings/frmAbout.h"
 #include "settings/frmCfg.h"
+#include "startup/ValidateCfg.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
-#include "startup/ValidateCfg.h"
 
 #include <QAction>
 #include <QApplication>
@@ -574,6 +574,11 @@ void frmMain::RefreshItemDetail()
 {
     if (catalogue_)
         catalogue_->RefreshAfterLaunch(*this);
+}
+
+std::optional<int> frmMain::P88SaveSlot()
+{
+    return catalogue_ ? catalogue_->P88SaveSlot(*this) : std::nullopt;
 }
 
 QObject* frmMain::Owner()

@@ -107,6 +107,7 @@ public:
     void MinimiseMain() override;
     void RestoreMain() override;
     void RefreshItemDetail() override;
+    std::optional<int> P88SaveSlot() override;
     QObject* Owner() override;
 
     // The current family's image directory in txtHardImagePath.

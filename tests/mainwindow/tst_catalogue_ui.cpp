@@ -277,6 +277,25 @@ private slots:
         QVERIFY(!ui->lblP88Save()->isVisibleTo(win));
     }
 
+    // The slot that a P88SR launch takes: the red slot label while the row's label is black.
+    void markedSlotIsTheOneTheLaunchTakes()
+    {
+        QVERIFY(tvtest::WriteBytes(P88SaveDir + "/XALBARD.SV2", "s"));
+        QVERIFY(tvtest::WriteBytes(P88SaveDir + "/XALBARD.SV5", "s"));
+        ui->LoadList();
+        select(0);
+        QVERIFY(!ui->P88SaveSlot().has_value());
+        QTest::mouseClick(ui->lblP88SaveData(5), Qt::LeftButton);
+        QVERIFY(ui->P88SaveSlot() == 5);
+        ui->lblP88SaveData_Click(2);
+        QVERIFY(ui->P88SaveSlot() == 2);
+        QTest::mouseClick(ui->lblP88Save(), Qt::LeftButton);
+        QVERIFY(!ui->P88SaveSlot().has_value());
+        ui->lblP88SaveData_Click(5);
+        select(1);
+        QVERIFY(!ui->P88SaveSlot().has_value());
+    }
+
     void footerSwitchesSavedAtEachClick()
     {
         ui->FamilyChanged(0);

@@ -26,6 +26,7 @@ public:
     bool hasSelectedItem = false;
     QString statusText;
     int refreshed = 0;
+    std::optional<int> p88SaveSlot; // the slot marked in the detail pane
     QObject* owner = nullptr;
     std::function<void(bool)> onSetEnabled; // what the window does when (dis)abled
 
@@ -65,6 +66,7 @@ public:
     void MinimiseMain() override { calls << "MinimiseMain"; }
     void RestoreMain() override { calls << "RestoreMain"; }
     void RefreshItemDetail() override;
+    std::optional<int> P88SaveSlot() override { return p88SaveSlot; }
     QObject* Owner() override { return owner; }
 
 private:

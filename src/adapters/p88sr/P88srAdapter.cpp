@@ -1,14 +1,16 @@
-// P88SR's launch steps: its save states in and out. The title can't start yet: its switch line
-// isn't made.
+// P88SR's road: its switch line in "P88SR.CFG" beside the program, with the save-state slot
+// that the user picked in the detail pane, the images on the command line, and its save
+// states carried in and out.
 #include "launch/EmuAdapter.h"
 
+#include "adapters/p88sr/P88srLaunch.h"
+#include "adapters/p88sr/P88srOption.h"
 #include "data/Cfg.h"
-#include "launch/ExecEmulator.h"
+#include "launch/EmuStaging.h"
+#include "launch/MainWindowLink.h"
 #include "platform/Platform.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
-
-#include <QFileInfo>
 
 #include <memory>
 
@@ -26,6 +28,8 @@ class P88srAdapter : public EmuAdapter {
 public:
     P88srAdapter() : EmuAdapter(Emu::P88sr) {}
 
+    bool ready(const CfgRecord&, QString*) const override { return true; }
+
     void saveStatesIn(LaunchState& st) override
     {
         // With the FMPAN disk first no state of the title is offered.
@@ -37,6 +41,27 @@ public:
             if (!src.isEmpty())
                 ShellCopy(src, WorkDir + u'/' + name, 0);
         }
+    }
+
+    bool branch(LaunchState& st, EmuBranch& b) override
+    {
+        // P88SR has no dialog switch for the user's own file; the configuration's flag alone
+        // keeps it.
+        if (Cfg.P88CfgChk != 1) {
+            const QString text =
+                MakeP88srCfg(ChosenOpt88(st.DefOpt), Cfg.PanUse == 1, Window().P88SaveSlot());
+            if (!WriteConfText(st.Dir + u'/' + kP88srCfgName, text)) {
+                // The user's file comes back from its backup before the launch ends.
+                BackupEmuConfig(row().code(), true, st.TuneUse);
+                return false;
+            }
+        }
+        b.cmd = MakeP88srCommand(P88srCommandInput{st.Dir, st.Image, st.Second, st.PanArg});
+        // The program as found in its directory, whatever the case of its name.
+        b.cmd.program = st.Exe;
+        b.paste1.clear();
+        b.paste2.clear();
+        return true;
     }
 
     void saveStatesOut(LaunchState& st) override
