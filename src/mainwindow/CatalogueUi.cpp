@@ -284,8 +284,8 @@ void CatalogueUi::buildPopup()
 
     QAction* change = mnuPop_->addAction(QStringLiteral("アイテム編集(&C)..."));
     change->setObjectName(QStringLiteral("mnuPopChangeItem"));
+    // Enabled by the main window, which owns the registration dialog.
     change->setEnabled(false);
-    change->setToolTip(QStringLiteral("この機能は後の版で使えるようになります"));
     popActions_[change->objectName()] = change;
     QAction* del = mnuPop_->addAction(QStringLiteral("アイテム削除(&D)"));
     del->setObjectName(QStringLiteral("mnuPopDeleteItem"));

@@ -7,6 +7,7 @@
 #include "mainwindow/frmMain.h"
 #include "util/Globals.h"
 
+#include <QAction>
 #include <QLabel>
 #include <QStatusBar>
 #include <QTableView>
@@ -29,6 +30,12 @@ CatalogueUi* MainCatalogue::ensureUi(frmMain& w)
     ui_ = new CatalogueUi(cw, &w);
     // The emulator buttons, their menus and Enter on the list start the launch.
     launch_ = new LaunchUi(ui_, w.lstD88, &w);
+    // The popup's edit entry opens the registration dialog on the selected title.
+    if (QAction* change = ui_->mnuPop(QStringLiteral("mnuPopChangeItem"))) {
+        change->setEnabled(true);
+        change->setToolTip(QString());
+        QObject::connect(change, &QAction::triggered, &w, [&w] { w.OpenItemEditor(false); });
+    }
     return ui_;
 }
 

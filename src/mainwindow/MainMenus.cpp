@@ -104,12 +104,8 @@ MainMenus BuildMainMenus(QMainWindow* window)
     m.mnuOptionTORVOp = add(m.munOption, QStringLiteral("mnuOptionTORVOp"),
                             QStringLiteral("TORVANE ｵﾌﾟｼｮﾝ(&O)..."), false);
 
-    // The dialogs of registration, side lists and program options come later: their entries
-    // stay disabled and say so.
-    const QString later = QStringLiteral("この機能は後の版で使えるようになります");
-    for (QAction* a :
-         {m.mnuEditAddItem, m.mnuEditChangeItem, m.mnuToolColEditor, m.mnuOptionTORVOp})
-        a->setToolTip(later);
+    // The program options dialog comes later: its entry stays disabled and says so.
+    m.mnuOptionTORVOp->setToolTip(QStringLiteral("この機能は後の版で使えるようになります"));
     for (QMenu* menu : {m.mnuEdit, m.mnuTool, m.munOption})
         menu->setToolTipsVisible(true);
 

@@ -107,6 +107,17 @@ private slots:
         QDir(r).removeRecursively();
     }
 
+    void registrationEntriesAreLiveOnTheMainWindow()
+    {
+        // With its catalogue the main window owns the registration dialog: the menu entries
+        // and the popup's edit entry open it.
+        QVERIFY(win->menus.mnuEditAddItem->isEnabled());
+        QVERIFY(win->menus.mnuEditChangeItem->isEnabled());
+        QAction* change = ui->mnuPop("mnuPopChangeItem");
+        QVERIFY(change && change->isEnabled());
+        QVERIFY(change->toolTip().isEmpty());
+    }
+
     void roadsNeedingGeneratedOptionsStayClosed()
     {
         Cfg.XmilCfgChk = 0;

@@ -282,11 +282,14 @@ private slots:
 
     void laterDialogsStayDisabledAndSaySo()
     {
-        for (QAction* a : {menus.mnuEditAddItem, menus.mnuEditChangeItem, menus.mnuToolColEditor,
-                           menus.mnuOptionTORVOp, ui->mnuPop("mnuPopChangeItem")}) {
+        // Program options come later; registration needs the main window, which a bare
+        // catalogue window doesn't have.
+        QVERIFY(!menus.mnuOptionTORVOp->isEnabled());
+        QCOMPARE(menus.mnuOptionTORVOp->toolTip(),
+                 QStringLiteral("この機能は後の版で使えるようになります"));
+        for (QAction* a :
+             {menus.mnuEditAddItem, menus.mnuEditChangeItem, ui->mnuPop("mnuPopChangeItem")})
             QVERIFY(!a->isEnabled());
-            QCOMPARE(a->toolTip(), QStringLiteral("この機能は後の版で使えるようになります"));
-        }
         QVERIFY(menus.mnuEditSearch->isEnabled());
         QVERIFY(ui->cmdHelpContext(0) != nullptr);
     }
