@@ -5,6 +5,7 @@
 #include "data/Cfg.h"
 
 #include <QApplication>
+#include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
