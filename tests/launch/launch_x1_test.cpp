@@ -86,6 +86,7 @@ TEST_F(LaunchX1, XmilPlainBuildGetsTheDefaultsIni)
     EmuOptX1 title = Cfg.CfgEmuOptX1;
     title.Xmil_1Op[3] = 4;
     ItemBlockX1(title);
+    Cfg.CfgEmuOptX1.Xmil_1Op[3] = 8;
     Title("GAME.D88");
 
     const TestEmuRun run = Launch(22);
@@ -93,7 +94,7 @@ TEST_F(LaunchX1, XmilPlainBuildGetsTheDefaultsIni)
     const QByteArray found = run.shown.value(dir + "/Xmillennium.ini");
     EXPECT_EQ(found, FileBytes(MakeXmilIni(Cfg.CfgEmuOptX1, 0)));
     EXPECT_TRUE(found.startsWith("[Xmillennium]\r\nWindposX=\r\nWindPosY=\r\n"));
-    // The defaults' 8 MHz on the plain build.
+    // The defaults' 8 MHz, not the title's 4, on the plain build.
     EXPECT_TRUE(found.contains("\r\ncpu_8MHz=true\r\n"));
     EXPECT_FALSE(found.contains("Keep=1"));
     EXPECT_EQ(Clips(), QStringList{"GAME.D88"});
