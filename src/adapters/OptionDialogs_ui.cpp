@@ -4,6 +4,12 @@
 #include "adapters/p88sr/P88srOption.h"
 #include "adapters/p88sr/frmP88srOp.h"
 #include "adapters/quasi88/frmQuasi88Op.h"
+#include "adapters/winx1/frmWinX1Op.h"
+#include "adapters/x1emu/X1emuSwitches.h"
+#include "adapters/x1emu/frmX1emuOp.h"
+#include "adapters/x1r/X1rSwitches.h"
+#include "adapters/x1r/frmX1rOp.h"
+#include "adapters/xmil/frmXmilOp.h"
 #include "data/Cfg.h"
 
 namespace tv {
@@ -27,6 +33,30 @@ std::map<Emu, OptionDialogEntry>& OptionDialogTable()
          {[](int TitleFlag, QWidget* owner) {
               InitQ88Op(static_cast<uint8_t>(TitleFlag));
               ShowQuasi88Op(owner);
+          },
+          nullptr}},
+        {Emu::X1r,
+         {[](int TitleFlag, QWidget* owner) {
+              InitX1rOp(static_cast<uint8_t>(TitleFlag));
+              ShowX1rOp(owner);
+          },
+          [] { return MakeX1rSwitches(Cfg.CfgEmuOptX1); }}},
+        {Emu::Xmil,
+         {[](int TitleFlag, QWidget* owner) {
+              InitXmilOp(static_cast<uint8_t>(TitleFlag));
+              ShowXmilOp(owner);
+          },
+          nullptr}},
+        {Emu::X1emu,
+         {[](int TitleFlag, QWidget* owner) {
+              InitX1emuOp(static_cast<uint8_t>(TitleFlag));
+              ShowX1emuOp(owner);
+          },
+          [] { return MakeX1emuSwitches(Cfg.CfgEmuOptX1); }}},
+        {Emu::WinX1,
+         {[](int TitleFlag, QWidget* owner) {
+              InitWinX1Op(static_cast<uint8_t>(TitleFlag));
+              ShowWinX1Op(owner);
           },
           nullptr}},
     };

@@ -303,6 +303,27 @@ bool JoinDisk(Split& split)
     return false;
 }
 
+// Everything the launch staged around the run goes away, and the user's configuration comes
+// back.
+void UnstageAfterRun(EmuAdapter& adapter, LaunchState& st, uint8_t& pciFlag)
+{
+    const int16_t EmuCode = st.row.code();
+    // The branch's staged files out.
+    adapter.stageAfter(st);
+    // FMPAN and .PAT out: a .PAT only travels in.
+    if (st.HardWare == 0)
+        DeleteWorkFile(kFmPanFile);
+    DeleteWorkFile(GetFileBase(st.Image) + QStringLiteral(".PAT"));
+    // Save states out, the PCI driver out.
+    adapter.saveStatesOut(st);
+    UnstagePciDebug(pciFlag, EmuCode);
+    // What the emulator leaves in WorkDir would pass for new files of the title.
+    for (const QString& name : adapter.workLeftovers())
+        DeleteWorkFile(name);
+    // The user's configuration back.
+    BackupEmuConfig(EmuCode, true, st.TuneUse);
+}
+
 // The emulator runs with WorkDir current and the main window minimised; the window comes
 // back when it has ended.
 void RunWithWindowAway(const EmuBranch& b, int16_t EmuCode)
@@ -358,7 +379,17 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     st.Exe = ResolveFileNoCase(st.Dir, st.row.exeName());
     EmuBranch b;
     b.cmd = LaunchCommand(st.Exe);
-    if (!adapter.branch(st, b))
+    bool branched = false;
+    try {
+        branched = adapter.branch(st, b);
+    } catch (const std::exception&) {
+        // A block the branch can't turn into its configuration is a run-time error that ends
+        // the launch; what was staged for the run goes back first, the user's file too.
+        JoinDisk(split);
+        UnstageAfterRun(adapter, st, pciFlag);
+        throw;
+    }
+    if (!branched)
         return false;
 
     // The run, from WorkDir.
@@ -372,20 +403,7 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
         lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
         return false;
     }
-    // The branch's staged files out.
-    adapter.stageAfter(st);
-    // FMPAN and .PAT out: a .PAT only travels in.
-    if (HardWare == 0)
-        DeleteWorkFile(kFmPanFile);
-    DeleteWorkFile(GetFileBase(st.Image) + QStringLiteral(".PAT"));
-    // Save states out, the PCI driver out.
-    adapter.saveStatesOut(st);
-    UnstagePciDebug(pciFlag, EmuCode);
-    // What the emulator leaves in WorkDir would pass for new files of the title.
-    for (const QString& name : adapter.workLeftovers())
-        DeleteWorkFile(name);
-    // The user's configuration back.
-    BackupEmuConfig(EmuCode, true, st.TuneUse);
+    UnstageAfterRun(adapter, st, pciFlag);
     lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
     return true;
 }

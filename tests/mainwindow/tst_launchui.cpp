@@ -10,12 +10,12 @@
 #include "mainwindow/LaunchUi.h"
 #include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmMain.h"
-#include "util/Globals.h"
-#include "util/SubFunction.h"
 #include "support/CatalogueBytes.h"
 #include "support/ProcessState.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/TestEmu.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QAction>
 #include <QDir>
@@ -118,20 +118,21 @@ private slots:
         QVERIFY(change->toolTip().isEmpty());
     }
 
-    void roadsNeedingGeneratedOptionsStayClosed()
+    // The X1 family's roads generate their options: they are open without "既存INI使用",
+    // and stay open with it.
+    void roadsWithGeneratedOptionsAreOpen()
     {
         Cfg.XmilCfgChk = 0;
         select(0);
         QPushButton* xmil = ui->cmdEmuRun(22);
         QPushButton* x1r = ui->cmdEmuRun(21);
-        QVERIFY(!xmil->isEnabled());
-        QVERIFY(xmil->toolTip().contains(QStringLiteral("既存INI使用")));
-        QVERIFY(!x1r->isEnabled());
-        QVERIFY(!x1r->toolTip().isEmpty());
-        QVERIFY(!menuEntry(2)->isEnabled());
-        QVERIFY(!ui->mnuPop(QStringLiteral("mnuPopEmuRunEach(2)"))->isEnabled());
-        // WinX1 takes D88 too, and its INI would be generated as well.
-        QVERIFY(!ui->cmdEmuRun(24)->isEnabled());
+        QVERIFY(xmil->isEnabled());
+        QVERIFY(xmil->toolTip().isEmpty());
+        QVERIFY(x1r->isEnabled());
+        QVERIFY(x1r->toolTip().isEmpty());
+        QVERIFY(menuEntry(2)->isEnabled());
+        QVERIFY(ui->mnuPop(QStringLiteral("mnuPopEmuRunEach(2)"))->isEnabled());
+        QVERIFY(ui->cmdEmuRun(24)->isEnabled());
 
         Cfg.XmilCfgChk = 1;
         select(0);

@@ -1,6 +1,9 @@
-// WinX1's launch steps: the user's INI corrected at its start directory, the image through its
-// file dialog.
+// WinX1's launch steps: the INI of the build that runs ("winx1.ini" or "WinX1_ika.ini")
+// generated from the title's block or the user's own corrected at its start directory, the
+// image through its file dialog.
 #include "launch/EmuAdapter.h"
+
+#include "adapters/winx1/WinX1Ini.h"
 
 #include "data/Cfg.h"
 #include "launch/EmuStaging.h"
@@ -17,19 +20,26 @@ namespace tv {
 
 namespace {
 
-class WinX1Adapter : public ExistingIniAdapter {
+class WinX1Adapter : public EmuAdapter {
 public:
-    WinX1Adapter() : ExistingIniAdapter(Emu::WinX1) {}
+    WinX1Adapter() : EmuAdapter(Emu::WinX1) {}
+
+    bool ready(const CfgRecord&, QString*) const override { return true; }
 
     bool pciDebugWanted(uint8_t) const override { return true; }
 
     bool branch(LaunchState& st, EmuBranch& b) override
     {
         // The INI of the build that runs: "winx1.ini" or "WinX1_ika.ini".
-        const QString stem = QFileInfo(row().exeName()).completeBaseName();
-        const QString ini = ResolveFileNoCase(st.Dir, stem + QStringLiteral(".ini"));
-        SetIniValue(QStringLiteral("WinX1"), QStringLiteral("StartDir"), EmuPath(st.Exe, WorkDir),
-                    ini);
+        const QString name = WinX1IniName(Cfg.WinX1IkaUse);
+        if (!row().existingIni()) {
+            // The text first: a damaged block fails here, before the user's file is touched.
+            const QString text = MakeWinX1Ini(ChosenOptX1(st.DefOpt));
+            WriteConfText(st.Dir + u'/' + name, text);
+        } else {
+            SetIniValue(QStringLiteral("WinX1"), QStringLiteral("StartDir"),
+                        EmuPath(st.Exe, WorkDir), ResolveFileNoCase(st.Dir, name));
+        }
         b.paste1 = VbTrim(st.StartFile);
         return true;
     }

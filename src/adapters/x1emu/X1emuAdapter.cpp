@@ -1,15 +1,10 @@
-// X1EMU's launch steps: "DOS4GW.EXE" goes after the run. The title can't start yet: its switches
-// aren't made.
+// X1EMU's launch steps: no configuration file; the title's switches and its images (8.3 names,
+// or the pieces of a split disk) on the command line, and its DOS extender "DOS4GW.EXE" beside
+// the images in WorkDir for the run.
 #include "launch/EmuAdapter.h"
 
-#include "data/Cfg.h"
+#include "adapters/x1emu/X1emuSwitches.h"
 #include "launch/EmuStaging.h"
-#include "launch/ExecEmulator.h"
-#include "launch/IniFile.h"
-#include "util/Globals.h"
-#include "util/SubFunction.h"
-
-#include <QFileInfo>
 
 #include <memory>
 
@@ -21,7 +16,18 @@ class X1emuAdapter : public EmuAdapter {
 public:
     X1emuAdapter() : EmuAdapter(Emu::X1emu) {}
 
-    // DOS4GW.EXE goes in with the branch of its switches (not made yet) and away after the run.
+    bool ready(const CfgRecord&, QString*) const override { return true; }
+
+    bool branch(LaunchState& st, EmuBranch& b) override
+    {
+        // The switches first: a damaged block fails before anything is staged.
+        const QString opts = MakeX1emuSwitches(ChosenOptX1(st.DefOpt));
+        StageDos4gw(st.HardWare, row().code());
+        b.cmd = MakeX1emuCommand(st.Exe, opts, st.First, st.SecondOfBranch);
+        return true;
+    }
+
+    // The extender goes after the join of a split disk.
     void stageAfter(LaunchState& st) override { UnstageDos4gw(st.HardWare, row().code()); }
 };
 

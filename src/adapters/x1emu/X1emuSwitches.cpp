@@ -63,4 +63,10 @@ LaunchCommand MakeX1emuCommand(const QString& program, const QString& opts, cons
     return cmd;
 }
 
+QString X1emuCommandLine(const QString& dir, const QString& opts, const QString& first,
+                         const QString& second)
+{
+    return VbTrim(dir + QStringLiteral("\\X1EMU.EXE ") + opts + u' ' + first + u' ' + second);
+}
+
 } // namespace tv

@@ -1,14 +1,8 @@
-// X1R: the title can't start yet (its switches aren't made).
+// X1R's launch steps: no configuration file; the title's switches and its images (8.3 names,
+// or the pieces of a split disk) on the command line.
 #include "launch/EmuAdapter.h"
 
-#include "data/Cfg.h"
-#include "launch/EmuStaging.h"
-#include "launch/ExecEmulator.h"
-#include "launch/IniFile.h"
-#include "util/Globals.h"
-#include "util/SubFunction.h"
-
-#include <QFileInfo>
+#include "adapters/x1r/X1rSwitches.h"
 
 #include <memory>
 
@@ -19,6 +13,17 @@ namespace {
 class X1rAdapter : public EmuAdapter {
 public:
     X1rAdapter() : EmuAdapter(Emu::X1r) {}
+
+    bool ready(const CfgRecord&, QString*) const override { return true; }
+
+    bool branch(LaunchState& st, EmuBranch& b) override
+    {
+        // The switches are always made: no control sets the flag that stands where the others
+        // have "既存INI使用".
+        const QString opts = MakeX1rSwitches(ChosenOptX1(st.DefOpt));
+        b.cmd = MakeX1rCommand(st.Exe, opts, st.First, st.SecondOfBranch);
+        return true;
+    }
 };
 
 } // namespace

@@ -34,4 +34,10 @@ LaunchCommand MakeX1rCommand(const QString& program, const QString& opts, const 
     return cmd;
 }
 
+QString X1rCommandLine(const QString& dir, const QString& opts, const QString& first,
+                       const QString& second)
+{
+    return VbTrim(dir + QStringLiteral("\\X1R.COM ") + opts + u' ' + first + u' ' + second);
+}
+
 } // namespace tv

@@ -21,4 +21,11 @@ QString MakeX1rSwitches(const EmuOptX1& block);
 LaunchCommand MakeX1rCommand(const QString& program, const QString& opts, const QString& first,
                              const QString& second);
 
+// The same command as one line of text, as the emulator's home platform shows it: the
+// directory with "\X1R.COM " behind it, the switches, a blank, the first image, a blank, the
+// second, trimmed at both ends only. With no switch enabled the name and the image stand two
+// blanks apart, which the argument list of MakeX1rCommand doesn't show.
+QString X1rCommandLine(const QString& dir, const QString& opts, const QString& first,
+                       const QString& second);
+
 } // namespace tv

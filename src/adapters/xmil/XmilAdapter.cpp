@@ -1,6 +1,9 @@
-// X millennium's launch steps: the T-Tune build for tapes, the user's INI corrected at the keys a
-// launch depends on, the images through its file dialog.
+// X millennium's launch steps: the T-Tune build for tapes, "Xmillennium.ini" generated from the
+// title's block or the user's own corrected at the keys a launch depends on, the images
+// through its file dialog.
 #include "launch/EmuAdapter.h"
+
+#include "adapters/xmil/XmilIni.h"
 
 #include "data/Cfg.h"
 #include "launch/EmuStaging.h"
@@ -17,9 +20,11 @@ namespace tv {
 
 namespace {
 
-class XmilAdapter : public ExistingIniAdapter {
+class XmilAdapter : public EmuAdapter {
 public:
-    XmilAdapter() : ExistingIniAdapter(Emu::Xmil) {}
+    XmilAdapter() : EmuAdapter(Emu::Xmil) {}
+
+    bool ready(const CfgRecord&, QString*) const override { return true; }
 
     void stageBefore(LaunchState& st) override
     {
@@ -38,11 +43,17 @@ public:
 
     bool branch(LaunchState& st, EmuBranch& b) override
     {
-        const QString ini = ResolveFileNoCase(st.Dir, row().configName());
-        const QString section = QStringLiteral("Xmillennium");
-        SetIniValue(section, QStringLiteral("StartDir"), QString(), ini);
-        SetIniValue(section, QStringLiteral("bmap_Dir"), EmuPath(st.Exe, SnapDir[st.HardWare]),
-                    ini);
+        if (!row().existingIni()) {
+            // The text first: a damaged block fails here, before the user's file is touched.
+            const QString text = MakeXmilIni(ChosenOptX1(st.DefOpt), st.TuneUse);
+            WriteConfText(st.Dir + u'/' + kXmilIniName, text);
+        } else {
+            const QString ini = ResolveFileNoCase(st.Dir, row().configName());
+            const QString section = QStringLiteral("Xmillennium");
+            SetIniValue(section, QStringLiteral("StartDir"), QString(), ini);
+            SetIniValue(section, QStringLiteral("bmap_Dir"), EmuPath(st.Exe, SnapDir[st.HardWare]),
+                        ini);
+        }
         b.paste1 = st.First;
         b.paste2 = st.SecondOfBranch;
         return true;

@@ -175,3 +175,14 @@ TEST(X1emuCommandTest, SecondImageWithoutFirstStillFollowsTheSwitches)
                          QStringLiteral("B.D88"));
     EXPECT_EQ(c.text(), QStringLiteral("/emu/x1emu/X1EMU.EXE /A B.D88"));
 }
+
+// With no switch enabled the text form keeps the two blanks between the name and the image.
+TEST(X1emuCommandTest, CommandLineTextKeepsTheInnerDoubleBlank)
+{
+    EXPECT_EQ(X1emuCommandLine(QStringLiteral("C:\\X1EMU"), QString(), QStringLiteral("GAME.2D"),
+                               QString()),
+              QStringLiteral("C:\\X1EMU\\X1EMU.EXE  GAME.2D"));
+    EXPECT_EQ(X1emuCommandLine(QStringLiteral("C:\\X1EMU"), QStringLiteral("/M0"),
+                               QStringLiteral("A.D88"), QStringLiteral("B.D88")),
+              QStringLiteral("C:\\X1EMU\\X1EMU.EXE /M0 A.D88 B.D88"));
+}

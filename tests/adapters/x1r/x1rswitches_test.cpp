@@ -141,3 +141,15 @@ TEST(X1rCommandTest, ImagesAreNotQuoted)
     for (const LaunchArg& a : c.arguments)
         EXPECT_FALSE(a.quoted) << a.value.toStdString();
 }
+
+// With no switch enabled the text form keeps the two blanks between the name and the image:
+// the trim works only at the ends.
+TEST(X1rCommandTest, CommandLineTextKeepsTheInnerDoubleBlank)
+{
+    EXPECT_EQ(X1rCommandLine(QStringLiteral("C:\\X1R"), MakeX1rSwitches(Defaults()),
+                             QStringLiteral("GAME.D88"), QString()),
+              QStringLiteral("C:\\X1R\\X1R.COM  GAME.D88"));
+    EXPECT_EQ(X1rCommandLine(QStringLiteral("C:\\X1R"), QStringLiteral("/T1 /W1"),
+                             QStringLiteral("A.D88"), QStringLiteral("B.D88")),
+              QStringLiteral("C:\\X1R\\X1R.COM /T1 /W1 A.D88 B.D88"));
+}
