@@ -1,6 +1,8 @@
 #include "adapters/OptionDialogs_ui.h"
 
+#include "adapters/em7/frmEm7WinOp.h"
 #include "adapters/m88/frmM88Op.h"
+#include "adapters/xm7win/frmXm7WinOp.h"
 
 namespace tv {
 
@@ -11,6 +13,18 @@ std::map<Emu, OptionDialogEntry>& OptionDialogTable()
          {[](int TitleFlag, QWidget* owner) {
               InitM88Op(static_cast<uint8_t>(TitleFlag));
               ShowM88Op(owner);
+          },
+          nullptr}},
+        {Emu::Xm7Win,
+         {[](int TitleFlag, QWidget* owner) {
+              InitXm7WinOp(static_cast<uint8_t>(TitleFlag));
+              ShowXm7WinOp(owner);
+          },
+          nullptr}},
+        {Emu::Em7Win,
+         {[](int TitleFlag, QWidget* owner) {
+              InitEm7WinOp(static_cast<uint8_t>(TitleFlag));
+              ShowEm7WinOp(owner);
           },
           nullptr}},
     };
