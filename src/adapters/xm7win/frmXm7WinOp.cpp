@@ -341,6 +341,9 @@ void frmXm7WinOp::BuildJoystick()
         grid->addWidget(type, 0, 1);
         connect(type, &QComboBox::currentIndexChanged, this,
                 [this, base](int) { cbxXm7Win_1Op_Click(base); });
+        // Loading the type selects its item without a change when it is already current: the
+        // lists are put in place here too, before the code combos select in them.
+        Custom([this, base] { cbxXm7Win_1Op_Click(base); }, [] {});
         grid->addWidget(Caption(QStringLiteral("連射 A")), 1, 0);
         grid->addWidget(ComboData(kCbx, base + 1, rapid, E1(base + 1)), 1, 1);
         grid->addWidget(Caption(QStringLiteral("連射 B")), 2, 0);

@@ -329,10 +329,10 @@ private slots:
         QCOMPARE(Texts(l->topLevelItem(53)),
                  (QStringList{"36", "*", "テンキー", "DIK_MULTIPLY", "55"}));
         QCOMPARE(Texts(l->topLevelItem(60)), (QStringList{"3D", "=", "テンキー", "", "0"}));
-        // Keys 89 and 91 have no row: 90 stands at 89, 92 at 90, 93 at 91.
-        QCOMPARE(l->topLevelItem(89)->text(0), QStringLiteral("5A"));
-        QCOMPARE(l->topLevelItem(90)->text(0), QStringLiteral("5C"));
-        QCOMPARE(l->topLevelItem(91)->text(0), QStringLiteral("5D"));
+        // Keys 89 and 91 have no row: counted from 1, 90 stands at 89, 92 at 90, 93 at 91.
+        QCOMPARE(l->topLevelItem(88)->text(0), QStringLiteral("5A"));
+        QCOMPARE(l->topLevelItem(89)->text(0), QStringLiteral("5C"));
+        QCOMPARE(l->topLevelItem(90)->text(0), QStringLiteral("5D"));
         QCOMPARE(l->topLevelItem(99)->text(1), QStringLiteral("PF10"));
         QCOMPARE(l->topLevelItem(9)->data(0, Qt::UserRole).toString(), QStringLiteral("k10"));
     }
