@@ -1,5 +1,6 @@
 #include "adapters/OptionDialogs_ui.h"
 
+#include "adapters/em7/frmEm7WinOp.h"
 #include "adapters/m88/frmM88Op.h"
 #include "adapters/p88sr/P88srOption.h"
 #include "adapters/p88sr/frmP88srOp.h"
@@ -9,6 +10,7 @@
 #include "adapters/x1emu/frmX1emuOp.h"
 #include "adapters/x1r/X1rSwitches.h"
 #include "adapters/x1r/frmX1rOp.h"
+#include "adapters/xm7win/frmXm7WinOp.h"
 #include "adapters/xmil/frmXmilOp.h"
 #include "data/Cfg.h"
 
@@ -57,6 +59,18 @@ std::map<Emu, OptionDialogEntry>& OptionDialogTable()
          {[](int TitleFlag, QWidget* owner) {
               InitWinX1Op(static_cast<uint8_t>(TitleFlag));
               ShowWinX1Op(owner);
+          },
+          nullptr}},
+        {Emu::Xm7Win,
+         {[](int TitleFlag, QWidget* owner) {
+              InitXm7WinOp(static_cast<uint8_t>(TitleFlag));
+              ShowXm7WinOp(owner);
+          },
+          nullptr}},
+        {Emu::Em7Win,
+         {[](int TitleFlag, QWidget* owner) {
+              InitEm7WinOp(static_cast<uint8_t>(TitleFlag));
+              ShowEm7WinOp(owner);
           },
           nullptr}},
     };

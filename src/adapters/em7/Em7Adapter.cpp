@@ -1,6 +1,9 @@
-// EM7's launch steps; it runs with the user's own "EM7.INI" ("既存INI使用").
+// EM7's launch steps: its "EM7.INI" made from the chosen block (or the user's own with
+// "既存INI使用") and the first image on the command line. Its full-screen mode is a line of
+// that file, so no key is sent.
 #include "launch/EmuAdapter.h"
 
+#include "adapters/em7/Em7Ini.h"
 #include "launch/EmuStaging.h"
 #include "launch/ExecEmulator.h"
 
@@ -10,12 +13,23 @@ namespace tv {
 
 namespace {
 
-class Em7Adapter : public ExistingIniAdapter {
+class Em7Adapter : public EmuAdapter {
 public:
-    Em7Adapter() : ExistingIniAdapter(Emu::Em7Win) {}
+    Em7Adapter() : EmuAdapter(Emu::Em7Win) {}
+
+    bool ready(const CfgRecord&, QString*) const override { return true; }
 
     bool branch(LaunchState& st, EmuBranch& b) override
     {
+        if (!row().existingIni()) {
+            const QString text = MakeEm7Ini(ChosenOptFM(st.DefOpt));
+            if (!WriteConfText(st.Dir + u'/' + kEm7IniName, text)) {
+                // No run on a half-written file; the user's file comes back at once.
+                BackupEmuConfig(row().code(), true, st.TuneUse);
+                return false;
+            }
+        }
+        // EM7 takes one image; a second one of the title stays in its record.
         b.cmd.arg(EmuPath(st.Exe, st.Image));
         return true;
     }

@@ -1,6 +1,8 @@
-// XM7 for Win32's launch steps; it runs with the user's own "XM7.INI" ("既存INI使用").
+// XM7 for Win32's launch steps: its whole "XM7.INI" made from the chosen block (or the user's
+// own with "既存INI使用"), the images on the command line, the full-screen key when asked.
 #include "launch/EmuAdapter.h"
 
+#include "adapters/xm7win/Xm7WinIni.h"
 #include "launch/EmuStaging.h"
 #include "launch/ExecEmulator.h"
 
@@ -10,14 +12,26 @@ namespace tv {
 
 namespace {
 
-class Xm7WinAdapter : public ExistingIniAdapter {
+class Xm7WinAdapter : public EmuAdapter {
 public:
-    Xm7WinAdapter() : ExistingIniAdapter(Emu::Xm7Win) {}
+    Xm7WinAdapter() : EmuAdapter(Emu::Xm7Win) {}
+
+    bool ready(const CfgRecord&, QString*) const override { return true; }
 
     bool pciDebugWanted(uint8_t) const override { return true; }
 
     bool branch(LaunchState& st, EmuBranch& b) override
     {
+        if (!row().existingIni()) {
+            // The generated file replaces the user's whole; the frame has kept it as the
+            // backup and brings it back after the run.
+            const QString text = MakeXm7WinIni(ChosenOptFM(st.DefOpt));
+            if (!WriteConfText(st.Dir + u'/' + kXm7WinIniName, text)) {
+                // No run on a half-written file; the user's file comes back at once.
+                BackupEmuConfig(row().code(), true, st.TuneUse);
+                return false;
+            }
+        }
         b.cmd.arg(EmuPath(st.Exe, st.Image)).arg(EmuPath(st.Exe, st.Second));
         return true;
     }
