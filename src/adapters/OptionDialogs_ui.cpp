@@ -1,6 +1,9 @@
 #include "adapters/OptionDialogs_ui.h"
 
+#include "adapters/j80/frmJ80Op.h"
 #include "adapters/m88/frmM88Op.h"
+#include "adapters/pc88win/frmPc88WinOp.h"
+#include "adapters/x88000/frmX88kOp.h"
 
 namespace tv {
 
@@ -11,6 +14,24 @@ std::map<Emu, OptionDialogEntry>& OptionDialogTable()
          {[](int TitleFlag, QWidget* owner) {
               InitM88Op(static_cast<uint8_t>(TitleFlag));
               ShowM88Op(owner);
+          },
+          nullptr}},
+        {Emu::PC88Win,
+         {[](int TitleFlag, QWidget* owner) {
+              InitPc88WinOp(static_cast<uint8_t>(TitleFlag));
+              ShowPc88WinOp(owner);
+          },
+          nullptr}},
+        {Emu::X88k,
+         {[](int TitleFlag, QWidget* owner) {
+              InitX88kOp(static_cast<uint8_t>(TitleFlag));
+              ShowX88kOp(owner);
+          },
+          nullptr}},
+        {Emu::J80,
+         {[](int TitleFlag, QWidget* owner) {
+              InitJ80Op(static_cast<uint8_t>(TitleFlag));
+              ShowJ80Op(owner);
           },
           nullptr}},
     };
