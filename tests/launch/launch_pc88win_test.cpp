@@ -107,7 +107,8 @@ TEST_F(LaunchPc88Win, ExistingIniIsLeftAlone)
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
-// A user's file spelt in lower case is not left beside the generated one, and comes back.
+// A user's file spelt in lower case is not left beside the generated one, and comes back
+// under the emulator's own spelling.
 TEST_F(LaunchPc88Win, LowerCaseUserFileComesBack)
 {
     QFile::remove(dir_ + "/PC88WIN.INI");
@@ -120,6 +121,6 @@ TEST_F(LaunchPc88Win, LowerCaseUserFileComesBack)
     EXPECT_TRUE(run.shown.value(dir_ + "/PC88WIN.INI").startsWith("[PC88Win]\r\nMode=2\r\n"));
     EXPECT_FALSE(run.listed.value(dir_).contains("pc88win.ini"));
     QStringList after = QDir(dir_).entryList(QDir::Files, QDir::Name);
-    EXPECT_EQ(after, (QStringList{"PC88WIN.EXE", "pc88win.ini", "testemu.ini"}));
-    EXPECT_EQ(ReadFile(dir_ + "/pc88win.ini"), kUserIni);
+    EXPECT_EQ(after, (QStringList{"PC88WIN.EXE", "PC88WIN.INI", "testemu.ini"}));
+    EXPECT_EQ(ReadFile(dir_ + "/PC88WIN.INI"), kUserIni);
 }
