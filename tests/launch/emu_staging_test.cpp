@@ -1,8 +1,8 @@
 #include "data/Cfg.h"
 #include "data/clsLst.h"
 #include "launch/EmuStaging.h"
-#include "support/GuardedDirs.h"
 #include "util/Globals.h"
+#include "support/GuardedDirs.h"
 
 #include <QDir>
 #include <QFile>

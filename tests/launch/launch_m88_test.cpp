@@ -1,17 +1,17 @@
 // M88 from end to end with "既存INI使用" off (Cfg.M88CfgChk 0): the test emulator runs as
 // M88.EXE and records what it finds at its start; the checks look at that and at what stands
 // in M88's directory, M88SaveDir and WorkDir after the launch.
-#include "adapters/m88/M88Ini.h"
 #include "adapters/pc88/EmuOpt88.h"
+#include "adapters/m88/M88Ini.h"
 #include "data/Cfg.h"
 #include "data/clsLst.h"
 #include "launch/Launch.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
 #include "support/GuardedDirs.h"
 #include "support/LaunchFixture.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/TestEmu.h"
-#include "util/Globals.h"
-#include "util/Sjis.h"
 
 #include <QDir>
 #include <QElapsedTimer>

@@ -14,13 +14,13 @@
 #include "launch/LaunchCommand.h"
 #include "launch/Repack.h"
 #include "platform/KeySend.h"
+#include "util/Globals.h"
 #include "startup/Startup.h"
 #include "startup/StartupFixture.h"
+#include "util/SubFunction.h"
 #include "support/LaunchFixture.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/TestEmu.h"
-#include "util/Globals.h"
-#include "util/SubFunction.h"
 
 #include <QCoreApplication>
 #include <QDir>

@@ -3,11 +3,11 @@
 #include "launch/ArcLibrary.h"
 #include "launch/ArcTestUtil.h"
 #include "launch/Repack.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 #include "support/ProcessState.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/StubWindow.h"
-#include "util/Globals.h"
-#include "util/SubFunction.h"
 
 #include <QDateTime>
 #include <QFileInfo>
