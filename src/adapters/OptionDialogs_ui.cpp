@@ -1,15 +1,18 @@
 #include "adapters/OptionDialogs_ui.h"
 
 #include "adapters/em7/frmEm7WinOp.h"
+#include "adapters/j80/frmJ80Op.h"
 #include "adapters/m88/frmM88Op.h"
 #include "adapters/p88sr/P88srOption.h"
 #include "adapters/p88sr/frmP88srOp.h"
+#include "adapters/pc88win/frmPc88WinOp.h"
 #include "adapters/quasi88/frmQuasi88Op.h"
 #include "adapters/winx1/frmWinX1Op.h"
 #include "adapters/x1emu/X1emuSwitches.h"
 #include "adapters/x1emu/frmX1emuOp.h"
 #include "adapters/x1r/X1rSwitches.h"
 #include "adapters/x1r/frmX1rOp.h"
+#include "adapters/x88000/frmX88kOp.h"
 #include "adapters/xm7win/frmXm7WinOp.h"
 #include "adapters/xmil/frmXmilOp.h"
 #include "data/Cfg.h"
@@ -71,6 +74,24 @@ std::map<Emu, OptionDialogEntry>& OptionDialogTable()
          {[](int TitleFlag, QWidget* owner) {
               InitEm7WinOp(static_cast<uint8_t>(TitleFlag));
               ShowEm7WinOp(owner);
+          },
+          nullptr}},
+        {Emu::PC88Win,
+         {[](int TitleFlag, QWidget* owner) {
+              InitPc88WinOp(static_cast<uint8_t>(TitleFlag));
+              ShowPc88WinOp(owner);
+          },
+          nullptr}},
+        {Emu::X88k,
+         {[](int TitleFlag, QWidget* owner) {
+              InitX88kOp(static_cast<uint8_t>(TitleFlag));
+              ShowX88kOp(owner);
+          },
+          nullptr}},
+        {Emu::J80,
+         {[](int TitleFlag, QWidget* owner) {
+              InitJ80Op(static_cast<uint8_t>(TitleFlag));
+              ShowJ80Op(owner);
           },
           nullptr}},
     };

@@ -12,10 +12,6 @@
 
 namespace tv {
 
-const QString kNeedsIniText =
-    QStringLiteral("この設定ではエミュレータの設定ファイルを生成する必要がありますが、"
-                   "その生成はまだ組み込まれていません。\n"
-                   "環境設定で「既存INI使用」をオンにすると起動できます。");
 const QString kNeedsSwitchesText =
     QStringLiteral("このエミュレータのオプション（設定ファイル・コマンドライン）の生成は"
                    "まだ組み込まれていないため、タイトルを起動できません。");
@@ -24,15 +20,6 @@ bool EmuAdapter::ready(const CfgRecord&, QString* why) const
 {
     if (why)
         *why = kNeedsSwitchesText;
-    return false;
-}
-
-bool ExistingIniAdapter::ready(const CfgRecord& cfg, QString* why) const
-{
-    if (row().existingIni(cfg))
-        return true;
-    if (why)
-        *why = kNeedsIniText;
     return false;
 }
 

@@ -87,16 +87,7 @@ private:
     const EmuRow& row_;
 };
 
-// An emulator that runs only with the user's own configuration ("既存INI使用"), since its
-// generated one isn't made yet.
-class ExistingIniAdapter : public EmuAdapter {
-public:
-    using EmuAdapter::EmuAdapter;
-    bool ready(const CfgRecord& cfg, QString* why) const override;
-};
-
-// The tooltips of a road that can't run yet.
-extern const QString kNeedsIniText;
+// The tooltip of a road whose adapter hasn't landed: the default adapter is never ready.
 extern const QString kNeedsSwitchesText;
 
 // Registers the adapter of an emulator, replacing one that stood.

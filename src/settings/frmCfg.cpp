@@ -3,9 +3,10 @@
 #include "util/Help.h"
 
 #include "adapters/OptionDialogs_ui.h"
+#include "adapters/j80/frmJ80Rom.h"
 #include "data/Cfg.h"
-#include "launch/MainWindowLink.h"
 #include "data/EmuRegistry.h"
+#include "launch/MainWindowLink.h"
 #include "platform/MsgBox.h"
 #include "settings/FilePickers.h"
 #include "util/Globals.h"
@@ -298,6 +299,11 @@ QFrame* frmCfg::BuildEmuFrame(const Emu& e, QWidget* parent)
         auto it = c ? OptionDialogTable().find(c->emu) : OptionDialogTable().end();
         const bool there = it != OptionDialogTable().end() && it->second.open;
         b->setEnabled(there);
+        // j80's files, shared by every title, have a dialog of their own.
+        if (name == QLatin1String("cmdJ80File")) {
+            b->setEnabled(true);
+            connect(b, &QPushButton::clicked, this, [this] { ShowJ80Rom(this); });
+        }
         if (there) {
             const tv::Emu emu = c->emu;
             connect(b, &QPushButton::clicked, this, [this, emu] {

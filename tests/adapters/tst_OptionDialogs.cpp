@@ -56,7 +56,7 @@ private slots:
 
     void emulatorsWithoutDialogOpenNothing()
     {
-        for (Emu e : {Emu::PC88Win, Emu::X88k, Emu::J80, Emu::Xm7Dos})
+        for (Emu e : {Emu::Xm7Dos})
             QVERIFY(!OpenOptionDialog(e, 1, nullptr));
         QVERIFY(!QApplication::activeModalWidget());
     }

@@ -24,6 +24,40 @@ protected:
     {
         return QDir(dir).entryList(QDir::Files, QDir::Name);
     }
+    // The program the launch starts: j80 runs on a Java runtime, here the test emulator
+    // installed as "java" and named by the configuration; the others are their own program.
+    QString ProgramName()
+    {
+        if (row().emu != tv::Emu::J80)
+            return row().exeName();
+        const QString d = r_ + "/jre";
+        QDir().mkpath(d);
+        Cfg.JavaVMPath = InstallTestEmu(d, "java");
+        EXPECT_FALSE(Cfg.JavaVMPath.isEmpty());
+        EXPECT_TRUE(WriteTestEmuConfig(d, {{"log", log_}, {"exitafter", "300"}}));
+        return QStringLiteral("java");
+    }
+    // A title of the row's first type starts its program in WorkDir, and WorkDir is empty
+    // afterwards.
+    void ExpectTitleRuns()
+    {
+        Emu(code());
+        const QString program = ProgramName();
+        const QString image = r_ + "/images/GAME." + firstType();
+        WriteFile(image, Image());
+        Item(uint8_t(row().family), image, "GAME." + firstType());
+
+        ScriptedMsgBox box;
+        RunSelectedItem(code());
+
+        EXPECT_TRUE(box.calls().empty());
+        const auto runs = Runs();
+        ASSERT_EQ(runs.size(), 1u);
+        EXPECT_EQ(runs[0].exeName, program);
+        EXPECT_EQ(QFileInfo(runs[0].cwd).canonicalFilePath(),
+                  QFileInfo(WorkDir).canonicalFilePath());
+        EXPECT_TRUE(WorkFiles().isEmpty());
+    }
 };
 
 std::vector<const EmuRow*> Rows()
@@ -64,20 +98,18 @@ TEST_P(LaunchRow, ReadyRoadStartsTheProgram)
         Cfg.*row().cfgChk = 1;
     if (!LaunchRoadReady(code()))
         GTEST_SKIP() << "road not ready yet";
-    Emu(code());
-    const QString image = r_ + "/images/GAME." + firstType();
-    WriteFile(image, Image());
-    Item(uint8_t(row().family), image, "GAME." + firstType());
+    ExpectTitleRuns();
+}
 
-    ScriptedMsgBox box;
-    RunSelectedItem(code());
-
-    EXPECT_TRUE(box.calls().empty());
-    const auto runs = Runs();
-    ASSERT_EQ(runs.size(), 1u);
-    EXPECT_EQ(runs[0].exeName, row().exeName());
-    EXPECT_EQ(QFileInfo(runs[0].cwd).canonicalFilePath(), QFileInfo(WorkDir).canonicalFilePath());
-    EXPECT_TRUE(WorkFiles().isEmpty());
+// The same on the road of the generated configuration, for the rows whose adapter makes it.
+TEST_P(LaunchRow, GeneratedRoadStartsTheProgram)
+{
+    if (row().cfgChk)
+        Cfg.*row().cfgChk = 0;
+    if (!LaunchRoadReady(code()))
+        GTEST_SKIP() << "generated road not ready yet";
+    Cfg.DefOpt = 1;
+    ExpectTitleRuns();
 }
 
 // A road that can't run: RunEmulatorItem refuses, nothing runs, WorkDir and the emulator's

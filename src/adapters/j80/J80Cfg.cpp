@@ -1,10 +1,8 @@
 #include "adapters/j80/J80Cfg.h"
 
+#include "launch/EmuAdapter.h"
 #include "util/Globals.h"
-#include "util/Sjis.h"
 #include "util/SubFunction.h"
-
-#include <QFile>
 
 namespace tv {
 
@@ -92,11 +90,7 @@ QString MakeJ80Option(const EmuOpt88& r)
 
 bool WriteJ80Cfg(const QString& path, const QString& text)
 {
-    QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    const QByteArray bytes = ToSjis(text + QStringLiteral("\r\n"));
-    return f.write(bytes) == bytes.size();
+    return WriteConfText(path, text);
 }
 
 J80Command MakeJ80Command(const QString& java, const QString& j80Dir, const QString& options)

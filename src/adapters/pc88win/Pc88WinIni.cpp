@@ -1,9 +1,7 @@
 #include "adapters/pc88win/Pc88WinIni.h"
 
-#include "util/Sjis.h"
+#include "launch/EmuAdapter.h"
 #include "util/SubFunction.h"
-
-#include <QFile>
 
 namespace tv {
 
@@ -37,11 +35,7 @@ QString MakePc88WinIni(const EmuOpt88& r)
 
 bool WritePc88WinIni(const QString& path, const QString& text)
 {
-    QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    const QByteArray bytes = ToSjis(text + QStringLiteral("\r\n"));
-    return f.write(bytes) == bytes.size();
+    return WriteConfText(path, text);
 }
 
 } // namespace tv
