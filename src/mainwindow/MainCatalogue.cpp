@@ -33,7 +33,6 @@ CatalogueUi* MainCatalogue::ensureUi(frmMain& w)
     // The popup's edit entry opens the registration dialog on the selected title.
     if (QAction* change = ui_->mnuPop(QStringLiteral("mnuPopChangeItem"))) {
         change->setEnabled(true);
-        change->setToolTip(QString());
         QObject::connect(change, &QAction::triggered, &w, [&w] { w.OpenItemEditor(false); });
     }
     return ui_;
