@@ -5,6 +5,7 @@
 #include "settings/FilePickers.h"
 #include "util/SubFunction.h"
 
+#include <algorithm>
 #include <QDir>
 #include <QFileInfo>
 #include <QGridLayout>
@@ -109,7 +110,8 @@ frmJ80Rom::frmJ80Rom(QWidget* parent) : QDialog(parent)
         auto* browse = new QPushButton(QStringLiteral("..."), this);
         browse->setObjectName(QString::fromLatin1(l.button));
         browse->setAutoDefault(false);
-        browse->setFixedWidth(32);
+        // Narrow, but never narrower than the style needs to show "..." whole.
+        browse->setFixedWidth(std::max(32, browse->minimumSizeHint().width()));
         grid->addWidget(browse, row, 2);
         const bool dir = l.dir;
         const SelectKind kind = l.kind;
