@@ -6,10 +6,26 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace tv {
 
 namespace {
+
+// Appends `count` bytes of `from`, starting at `offset`, to `to`.
+bool CopyRange(QFile& from, qint64 offset, qint64 count, QFile& to)
+{
+    if (!from.seek(offset))
+        return false;
+    QByteArray piece(qsizetype(1) << 20, Qt::Uninitialized);
+    while (count > 0) {
+        const qint64 n = from.read(piece.data(), std::min<qint64>(count, piece.size()));
+        if (n <= 0 || to.write(piece.constData(), n) != n)
+            return false;
+        count -= n;
+    }
+    return true;
+}
 
 // Field widths shared by the three layouts; SecondFile is 256 in family 0 and 100 in the
 // other two, which is what makes their records differ in length.
@@ -389,20 +405,14 @@ bool clsLst::RemoveLst(int32_t seekPointer)
         if (!f1.open(QIODevice::ReadOnly) || !f2.open(QIODevice::ReadWrite))
             return false;
         const qint64 length = f1.size();
-        // The header and every record before the removed one.
-        if (seekPointer >= 2) {
-            const QByteArray head = f1.read(seekPointer - 1);
-            if (f2.write(head) != head.size())
-                return false;
-        }
-        // The tail behind it; the test is strict, so removing the last record copies nothing.
-        if (length > qint64(seekPointer) + len) {
-            if (!f1.seek(qint64(seekPointer) + len - 1))
-                return false;
-            const QByteArray tail = f1.read(length - seekPointer - len + 1);
-            if (!f2.seek(seekPointer - 1) || f2.write(tail) != tail.size())
-                return false;
-        }
+        // The header and every record before the removed one, then the tail behind it; the
+        // test is strict, so removing the last record copies no tail. Copied in pieces: a
+        // catalogue of many thousand titles is over a hundred megabytes.
+        if (seekPointer >= 2 && !CopyRange(f1, 0, seekPointer - 1, f2))
+            return false;
+        if (length > qint64(seekPointer) + len &&
+            !CopyRange(f1, qint64(seekPointer) + len - 1, length - seekPointer - len + 1, f2))
+            return false;
         f2.flush();
         workLength = f2.size();
     }
