@@ -4,6 +4,7 @@
 #include "mainwindow/MainCatalogue.h"
 #include "mainwindow/frmMain.h"
 #include "platform/MsgBoxQt_ui.h"
+#include "platform/Translations.h"
 
 #include <QApplication>
 #include <QFont>
@@ -25,6 +26,9 @@ int main(int argc, char** argv)
             break;
         }
     }
+    // The toolkit's own buttons and dialogs speak Japanese too, where the system has Qt's
+    // translations.
+    tv::InstallQtJapanese(app);
     tv::InstallQtMessageBoxes();
     // Long archive work shows its progress in a dialog owned by the main window.
     tv::InstallArcProgressDialog();
