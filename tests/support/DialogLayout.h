@@ -6,12 +6,12 @@
 #include "adapters/common/frmOptionDialog.h"
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QDialog>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QSlider>
 #include <QTabBar>
 #include <QTest>
@@ -24,7 +24,16 @@ inline bool IsLayoutLeaf(QWidget* w)
 {
     return qobject_cast<QAbstractButton*>(w) || qobject_cast<QLabel*>(w) ||
            qobject_cast<QLineEdit*>(w) || qobject_cast<QSlider*>(w) ||
-           qobject_cast<QComboBox*>(w) || qobject_cast<QListWidget*>(w);
+           qobject_cast<QComboBox*>(w) || qobject_cast<QAbstractItemView*>(w);
+}
+
+// A list's own header and scroll bars lie inside it and are its business.
+inline bool InsideItemView(QWidget* w)
+{
+    for (QWidget* p = w->parentWidget(); p; p = p->parentWidget())
+        if (qobject_cast<QAbstractItemView*>(p))
+            return true;
+    return false;
 }
 
 // The page now shown of `d`; the failures name the dialog and the page.
@@ -32,7 +41,8 @@ inline void CheckShownPage(QDialog& d, int page)
 {
     QList<QWidget*> leaves;
     for (QWidget* w : d.findChildren<QWidget*>()) {
-        if (!w->isVisible() || !IsLayoutLeaf(w) || qobject_cast<QToolButton*>(w))
+        if (!w->isVisible() || !IsLayoutLeaf(w) || qobject_cast<QToolButton*>(w) ||
+            InsideItemView(w))
             continue;
         if (w->objectName().startsWith(QStringLiteral("qt_")))
             continue;
