@@ -379,18 +379,24 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     st.Exe = ResolveFileNoCase(st.Dir, st.row.exeName());
     EmuBranch b;
     b.cmd = LaunchCommand(st.Exe);
+    // A branch that can't make the emulator's configuration (a file it can't write, or a
+    // block it can't turn into text, a run-time error) ends the launch without a run; what was
+    // staged for the run goes back first, the user's file too.
+    auto undo = [&] {
+        JoinDisk(split);
+        UnstageAfterRun(adapter, st, pciFlag);
+    };
     bool branched = false;
     try {
         branched = adapter.branch(st, b);
     } catch (const std::exception&) {
-        // A block the branch can't turn into its configuration is a run-time error that ends
-        // the launch; what was staged for the run goes back first, the user's file too.
-        JoinDisk(split);
-        UnstageAfterRun(adapter, st, pciFlag);
+        undo();
         throw;
     }
-    if (!branched)
+    if (!branched) {
+        undo();
         return false;
+    }
 
     // The run, from WorkDir.
     QDir::setCurrent(WorkDir);

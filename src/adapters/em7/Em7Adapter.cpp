@@ -4,7 +4,6 @@
 #include "launch/EmuAdapter.h"
 
 #include "adapters/em7/Em7Ini.h"
-#include "launch/EmuStaging.h"
 #include "launch/ExecEmulator.h"
 
 #include <memory>
@@ -23,11 +22,8 @@ public:
     {
         if (!row().existingIni()) {
             const QString text = MakeEm7Ini(ChosenOptFM(st.DefOpt));
-            if (!WriteConfText(st.Dir + u'/' + kEm7IniName, text)) {
-                // No run on a half-written file; the user's file comes back at once.
-                BackupEmuConfig(row().code(), true, st.TuneUse);
+            if (!WriteConfText(st.Dir + u'/' + kEm7IniName, text))
                 return false;
-            }
         }
         // EM7 takes one image; a second one of the title stays in its record.
         b.cmd.arg(EmuPath(st.Exe, st.Image));

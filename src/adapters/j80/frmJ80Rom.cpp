@@ -5,7 +5,6 @@
 #include "settings/FilePickers.h"
 #include "util/SubFunction.h"
 
-#include <algorithm>
 #include <QDir>
 #include <QFileInfo>
 #include <QGridLayout>
@@ -16,6 +15,7 @@
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
+#include <algorithm>
 
 namespace tv {
 

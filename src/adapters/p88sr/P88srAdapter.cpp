@@ -6,7 +6,6 @@
 #include "adapters/p88sr/P88srLaunch.h"
 #include "adapters/p88sr/P88srOption.h"
 #include "data/Cfg.h"
-#include "launch/EmuStaging.h"
 #include "launch/MainWindowLink.h"
 #include "platform/Platform.h"
 #include "util/Globals.h"
@@ -50,11 +49,8 @@ public:
         if (Cfg.P88CfgChk != 1) {
             const QString text =
                 MakeP88srCfg(ChosenOpt88(st.DefOpt), Cfg.PanUse == 1, Window().P88SaveSlot());
-            if (!WriteConfText(st.Dir + u'/' + kP88srCfgName, text)) {
-                // The user's file comes back from its backup before the launch ends.
-                BackupEmuConfig(row().code(), true, st.TuneUse);
+            if (!WriteConfText(st.Dir + u'/' + kP88srCfgName, text))
                 return false;
-            }
         }
         b.cmd = MakeP88srCommand(P88srCommandInput{st.Dir, st.Image, st.Second, st.PanArg});
         // The program as found in its directory, whatever the case of its name.

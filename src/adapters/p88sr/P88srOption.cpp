@@ -1,9 +1,7 @@
 #include "adapters/p88sr/P88srOption.h"
 
-#include "util/Sjis.h"
+#include "launch/EmuAdapter.h"
 #include "util/SubFunction.h"
-
-#include <QFile>
 
 namespace tv {
 
@@ -63,11 +61,7 @@ QString MakeP88srCfg(const EmuOpt88& record, bool panUse, std::optional<int> sav
 
 bool WriteP88srCfg(const QString& path, const QString& text)
 {
-    QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    const QByteArray bytes = ToSjis(text + QStringLiteral("\r\n"));
-    return f.write(bytes) == bytes.size();
+    return WriteConfText(path, text);
 }
 
 } // namespace tv

@@ -1,9 +1,7 @@
 #include "adapters/quasi88/Quasi88Ini.h"
 
 #include "data/Cfg.h"
-#include "util/Sjis.h"
-
-#include <QFile>
+#include "launch/EmuAdapter.h"
 
 #include <charconv>
 
@@ -156,11 +154,7 @@ QString MakeQuasi88Ini(const EmuOpt88& r, bool allScreen)
 
 bool WriteQuasi88Ini(const QString& path, const QString& text)
 {
-    QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    const QByteArray bytes = ToSjis(text + kCrLf);
-    return f.write(bytes) == bytes.size();
+    return WriteConfText(path, text);
 }
 
 } // namespace tv

@@ -3,7 +3,6 @@
 #include "launch/EmuAdapter.h"
 
 #include "adapters/xm7win/Xm7WinIni.h"
-#include "launch/EmuStaging.h"
 #include "launch/ExecEmulator.h"
 
 #include <memory>
@@ -26,11 +25,8 @@ public:
             // The generated file replaces the user's whole; the frame has kept it as the
             // backup and brings it back after the run.
             const QString text = MakeXm7WinIni(ChosenOptFM(st.DefOpt));
-            if (!WriteConfText(st.Dir + u'/' + kXm7WinIniName, text)) {
-                // No run on a half-written file; the user's file comes back at once.
-                BackupEmuConfig(row().code(), true, st.TuneUse);
+            if (!WriteConfText(st.Dir + u'/' + kXm7WinIniName, text))
                 return false;
-            }
         }
         b.cmd.arg(EmuPath(st.Exe, st.Image)).arg(EmuPath(st.Exe, st.Second));
         return true;
