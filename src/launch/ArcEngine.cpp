@@ -3,6 +3,7 @@
 #include "data/ByteCodec.h"
 #include "launch/ArcProgress.h"
 #include "launch/Lzh5Encoder.h"
+#include "platform/FileOps.h"
 #include "util/Sjis.h"
 
 #include <QDateTime>
@@ -222,6 +223,8 @@ int ExtractFrom(ArcFormat format, archive* a, const QString& destDir,
         if (size > 0 && room >= 0 && size > room)
             return ArcErrNoSpace;
 
+        if (!FileOpAllowed(FileOpKind::Write, target))
+            return ArcErrWrite;
         QTemporaryFile tmp(dir + QStringLiteral("/.tvarc-XXXXXX"));
         if (!tmp.open())
             return ArcErrWrite;
@@ -528,6 +531,8 @@ int PackDirectory(ArcFormat format, const QString& archivePath, const QString& s
         return ArcErrOpen;
     const QString target = ai.absoluteFilePath();
 
+    if (!FileOpAllowed(FileOpKind::Write, target))
+        return ArcErrWrite;
     if (format == ArcFormat::Lzh) {
         QStringList paths;
         for (const QFileInfo& fi : files)

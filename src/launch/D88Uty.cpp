@@ -1,11 +1,14 @@
 #include "launch/D88Uty.h"
 
 #include "data/ByteCodec.h"
+#include "platform/FileOps.h"
 #include "util/Sjis.h"
 #include "util/SubFunction.h"
 
 #include <QFile>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace tv {
 
@@ -62,26 +65,10 @@ QString PieceDiskName(const QByteArray& header)
     return name;
 }
 
-// Copies `count` bytes from `src` at its current position to `dst`, stopping early at the end
-// of the source (the caller's length check then refuses the split).
-bool CopyBytes(QFile& src, QFile& dst, qint64 count)
-{
-    constexpr qint64 kChunk = 1 << 20;
-    while (count > 0) {
-        const QByteArray buf = src.read(std::min(count, kChunk));
-        if (buf.isEmpty())
-            return true;
-        if (dst.write(buf) != buf.size())
-            return false;
-        count -= buf.size();
-    }
-    return true;
-}
-
 void DeletePieces(QStringList& diskList)
 {
     for (const QString& piece : diskList)
-        QFile::remove(piece);
+        PlatformRemoveFile(piece);
     diskList.clear();
 }
 
@@ -146,14 +133,12 @@ bool D88Split(const QString& pathIn, const QString& destDirIn, QStringList& disk
             return false;
 
         diskList.append(piece);
-        QFile out(piece);
-        if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        if (!src.seek(pos + kD88HeaderSize))
             return false;
-        if (out.write(h.bytes) != kD88HeaderSize || !src.seek(pos + kD88HeaderSize) ||
-            !CopyBytes(src, out, qint64(h.size) - kD88HeaderSize))
-            return false;
-        out.close();
-        if (out.error() != QFileDevice::NoError)
+        // A disk stopped short by the end of the file is refused by the length check below.
+        const qint64 bodySize = std::min(qint64(h.size), length - pos) - kD88HeaderSize;
+        const QByteArray body = src.read(std::max<qint64>(bodySize, 0));
+        if (!PlatformWriteFile(piece, h.bytes + body))
             return false;
 
         ++disk;
@@ -167,7 +152,7 @@ bool D88Split(const QString& pathIn, const QString& destDirIn, QStringList& disk
         return false;
     }
     // The file exists no more between split and join; the join insists on this.
-    return QFile::remove(path);
+    return PlatformRemoveFile(path);
 }
 
 bool D88Join(const QString& path, QStringList& diskList)
@@ -176,9 +161,9 @@ bool D88Join(const QString& path, QStringList& diskList)
         return false;
     if (diskList.size() < 2)
         return false;
-    QFile out(path);
-    if (!out.open(QIODevice::WriteOnly))
-        return false;
+    // The whole file is written before any piece goes, so that a join that fails (a full disk)
+    // keeps the pieces and leaves no half file.
+    QByteArray joined;
     for (const QString& piece : diskList) {
         QFile in(piece);
         if (!in.open(QIODevice::ReadOnly))
@@ -186,15 +171,12 @@ bool D88Join(const QString& path, QStringList& diskList)
         const QByteArray bytes = in.readAll();
         if (bytes.size() != in.size())
             return false;
-        in.close();
-        if (out.write(bytes) != bytes.size())
-            return false;
-        if (!QFile::remove(piece))
-            return false;
+        joined += bytes;
     }
-    out.close();
-    if (out.error() != QFileDevice::NoError)
+    if (!PlatformWriteFile(path, joined))
         return false;
+    for (const QString& piece : diskList)
+        PlatformRemoveFile(piece);
     diskList.clear();
     return true;
 }

@@ -1,6 +1,7 @@
 #include "launch/EmuAdapter.h"
 
 #include "data/clsLst.h"
+#include "platform/FileOps.h"
 #include "platform/KeySend.h"
 #include "util/Globals.h"
 #include "util/Sjis.h"
@@ -94,11 +95,7 @@ bool WriteConfText(const QString& path, const QString& text)
     // The user's file may be spelt "m88.ini": no second spelling may stay beside ours.
     const QFileInfo fi(path);
     DeleteFileAnyCase(fi.path(), fi.fileName());
-    QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    const QByteArray bytes = ToSjis(text + QStringLiteral("\r\n"));
-    return f.write(bytes) == bytes.size();
+    return PlatformWriteFile(path, ToSjis(text + QStringLiteral("\r\n")));
 }
 
 bool CommandHasPan(const LaunchCommand& cmd)

@@ -3,6 +3,8 @@
 #include "data/Cfg.h"
 #include "data/EmuRegistry.h"
 #include "launch/EmuAdapter.h"
+#include "launch/Recovery.h"
+#include "platform/MsgBox.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
 
@@ -44,11 +46,11 @@ EmuConfigFiles GetEmuConfigFiles(int16_t EmuCode, uint8_t TuneUse)
     return {r->dirOf(Cfg, TuneUse), r->configName(), r->backupName()};
 }
 
-void BackupEmuConfig(int16_t EmuCode, bool Restore, uint8_t TuneUse)
+bool BackupEmuConfig(int16_t EmuCode, bool Restore, uint8_t TuneUse)
 {
     const EmuConfigFiles f = GetEmuConfigFiles(EmuCode, TuneUse);
     if (!f.has())
-        return;
+        return true;
     // The emulators come from a case-blind platform: "m88.ini" is their M88.INI as well.
     const QString config = ResolveFileNoCase(f.dir, f.config), backup = Join(f.dir, f.backup);
     if (!Restore) {
@@ -56,15 +58,26 @@ void BackupEmuConfig(int16_t EmuCode, bool Restore, uint8_t TuneUse)
         if (Exists(backup))
             ShellDelete(backup, 0);
         if (!Exists(config))
-            return;
-        ShellCopy(config, backup, 0);
-        return;
+            return true;
+        return ShellCopy(config, backup, 0);
     }
     // Without a backup the emulator had no configuration: it keeps what the launch wrote.
     if (!Exists(backup))
-        return;
+        return true;
     DeleteFileAnyCase(f.dir, f.config);
-    ShellMove(backup, Join(f.dir, f.config), 0);
+    if (ShellMove(backup, Join(f.dir, f.config), 0))
+        return true;
+    // The user's file would stay under the backup name, which the next launch removes: it is
+    // kept in recovery now, and the user is told.
+    const QString kept = KeepInRecovery(backup);
+    MsgBox(QStringLiteral("%1 を元に戻せませんでした。").arg(Join(f.dir, f.config)) +
+               (kept.isEmpty()
+                    ? QStringLiteral("\r\n\r\n元の設定は %1 に残っています。").arg(backup)
+                    : QStringLiteral("\r\n\r\n元の設定を次の場所に保存しました。"
+                                     "\r\n\r\n%1")
+                          .arg(kept)),
+           MbExclamation);
+    return false;
 }
 
 void StageXm7Rom(uint8_t HardWare, int16_t EmuCode)

@@ -19,7 +19,9 @@ EmuConfigFiles GetEmuConfigFiles(int16_t EmuCode, uint8_t TuneUse);
 
 // Restore false: before the run (a stale backup goes, the config file is copied to the
 // backup name). Restore true: after the run (the backup goes back over the config file).
-void BackupEmuConfig(int16_t EmuCode, bool Restore, uint8_t TuneUse);
+// False when the backup couldn't be made, or when the user's file couldn't go back (it is
+// then kept in recovery and the user has been told).
+bool BackupEmuConfig(int16_t EmuCode, bool Restore, uint8_t TuneUse);
 
 // The ROM set of XM7 for DOS, in the order it is copied and deleted.
 inline const QStringList kXm7RomFiles{"FBASIC30.ROM", "BOOT_BAS.ROM", "BOOT_DOS.ROM",

@@ -1,4 +1,5 @@
 #include "launch/IniFile.h"
+#include "platform/FileOps.h"
 #include "util/Sjis.h"
 
 #include <QFile>
@@ -165,12 +166,7 @@ bool SetIniValue(const QString& Section, const QString& Key, const QString& Valu
     QByteArray out;
     for (const IniLine& l : lines)
         out += l.body + l.end;
-    QFile f(File);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    bool ok = f.write(out) == out.size();
-    f.close();
-    return ok && f.error() == QFile::NoError;
+    return PlatformWriteFile(File, out);
 }
 
 int GetIniValue(const QString& Section, const QString& Key, const QString& Default, QString& Value,

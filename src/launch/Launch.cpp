@@ -10,6 +10,7 @@
 #include "launch/ExecEmulator.h"
 #include "launch/LaunchCommand.h"
 #include "launch/MainWindowLink.h"
+#include "platform/FileOps.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
 #include "util/Globals.h"
@@ -178,7 +179,7 @@ bool PrepareWorkDir(uint8_t HardWare, int16_t EmuCode, uint8_t ArcCheckFlag, QSt
     // first match anew each time, since a pattern search can't survive the moves.
     fileList.clear();
     CleanTempDir();
-    QDir().mkpath(TempDir());
+    PlatformMakePath(TempDir());
     for (;;) {
         const QString first = FindFile(WorkDir + QStringLiteral("/*"));
         if (first.isEmpty())
@@ -186,8 +187,12 @@ bool PrepareWorkDir(uint8_t HardWare, int16_t EmuCode, uint8_t ArcCheckFlag, QSt
         const QString name = QFileInfo(first).fileName();
         const QString path = WorkDir + u'/' + name;
         fileList.push_back({name, FileDateTimeText(path)});
-        if (!ShellMove(path, TempDir() + u'/' + name, 0))
-            break; // a file that can't move would be met again and again
+        if (!ShellMove(path, TempDir() + u'/' + name, 0)) {
+            // A file left out of the record would pass for a new one in stage 3, and never
+            // go back into its archive: the stage fails.
+            RestoreTempDir();
+            return false;
+        }
     }
     RestoreTempDir();
     return true;
@@ -363,8 +368,15 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     adapter.stageBefore(st);
     adapter.saveStatesIn(st);
     StagePciDebug(pciFlag, EmuCode, DefOpt);
-    // The user's configuration to its backup name.
-    BackupEmuConfig(EmuCode, false, st.TuneUse);
+    // The user's configuration to its backup name. Without a backup the configuration written
+    // for the run would replace the user's for good: the launch stops, its staging undone.
+    if (!BackupEmuConfig(EmuCode, false, st.TuneUse)) {
+        const EmuConfigFiles files = GetEmuConfigFiles(EmuCode, st.TuneUse);
+        MsgBox(kBackupErrorText.arg(files.dir + u'/' + files.config, files.backup), MbCritical,
+               kEmuRunErrorCaption);
+        UnstageAfterRun(adapter, st, pciFlag);
+        return false;
+    }
     // FMPAN and .PAT.
     StageFmPan(st);
     StagePat(st);
@@ -395,6 +407,7 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     }
     if (!branched) {
         undo();
+        MsgBox(kConfWriteErrorText, MbCritical, kEmuRunErrorCaption);
         return false;
     }
 

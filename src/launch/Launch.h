@@ -17,9 +17,13 @@ inline const QString kPrepareErrorText =
     QStringLiteral("実行ファイルが不正です。\r\n\r\n解凍エラー・もしくはコピーエラー");
 inline const QString kSplitErrorText = QStringLiteral("D88の分割に失敗しました");
 inline const QString kJoinErrorText = QStringLiteral("D88の結合に失敗しました");
+inline const QString kConfWriteErrorText =
+    QStringLiteral("エミュレータの設定ファイルを書き込めなかったため、起動を中止しました。");
+// %1 the emulator's configuration file, %2 its backup name.
+inline const QString kBackupErrorText =
+    QStringLiteral("%1 を %2 に保存できなかったため、起動を中止しました。");
 inline const QString kLaunchStatusText = QStringLiteral("Emulator起動中．．");
 inline const QString kFmPanFile = QStringLiteral("FMPAN.D88");
-
 
 // One of the thirteen codes of the table.
 bool IsLaunchCode(int EmuCode);

@@ -2,6 +2,8 @@
 
 #include "launch/Archive.h"
 #include "launch/MainWindowLink.h"
+#include "launch/Recovery.h"
+#include "platform/FileOps.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
 #include "util/Globals.h"
@@ -25,14 +27,33 @@ QString InWork(const QString& name)
 void EnsureGone(const QString& path)
 {
     if (QFileInfo::exists(path))
-        QFile::remove(path);
+        PlatformRemoveFile(path);
 }
 void EnsureMoved(const QString& source, const QString& target)
 {
     if (QFileInfo::exists(source))
-        QFile::rename(source, target);
+        PlatformRename(source, target);
     EnsureGone(source);
 }
+// The members of an archive that couldn't be re-packed, the changed image among them, go to
+// recovery instead of being deleted with WorkDir; the user is told where.
+void KeepChangedMembers()
+{
+    QString dir;
+    for (;;) {
+        const QString f = FindFile(WorkDir + QStringLiteral("/*"));
+        if (f.isEmpty())
+            break;
+        const QString kept = KeepInRecovery(InWork(f));
+        if (kept.isEmpty())
+            break;
+        dir = QFileInfo(kept).absolutePath();
+    }
+    if (!dir.isEmpty())
+        MsgBox(QStringLiteral("変更されたイメージを次の場所に保存しました。\r\n\r\n%1").arg(dir),
+               MbExclamation);
+}
+
 } // namespace
 
 QString DateTimeText(const QDateTime& time)
@@ -55,8 +76,15 @@ QString TempDir()
 
 void CleanWorkDir()
 {
-    if (!FindFile(WorkDir + QStringLiteral("/*")).isEmpty())
-        ShellDelete(WorkDir + QStringLiteral("/*"), 0);
+    if (FindFile(WorkDir + QStringLiteral("/*")).isEmpty())
+        return;
+    ShellDelete(WorkDir + QStringLiteral("/*"), 0);
+    // A file the pattern's delete left (it goes on past what it can't remove) gets a second
+    // try of its own: what stays would be taken for part of the next title.
+    const QStringList left =
+        QDir(WorkDir).entryList(QDir::Files | QDir::Hidden | QDir::System, QDir::Name);
+    for (const QString& f : left)
+        EnsureGone(InWork(f));
 }
 
 void CleanTempDir()
@@ -67,7 +95,7 @@ void CleanTempDir()
         ShellDelete(TempDir() + QStringLiteral("/*"), 0);
     // The current directory may stand inside TempDir after a launch.
     QDir::setCurrent(WorkDir);
-    QDir().rmdir(TempDir());
+    PlatformRemoveDir(TempDir());
 }
 
 void RestoreTempDir()
@@ -96,10 +124,11 @@ int16_t CheckRepack(uint8_t HardWare, uint8_t ArcCheckFlag, uint8_t ReArcCheckFl
             const QString f = FindFile(WorkDir + QStringLiteral("/*"));
             if (f.isEmpty())
                 break;
+            // What can't be written where it belongs is kept, never deleted with WorkDir.
             if (VbTrim(f).toUpper() != StartFile.toUpper())
-                ShellCopy(InWork(f), snapDir + u'/' + f, 0);
+                CopyOutOrKeep(InWork(f), snapDir + u'/' + f);
             else
-                ShellCopy(InWork(f), JituFile, 0);
+                CopyOutOrKeep(InWork(f), JituFile);
             ShellDelete(InWork(f), 0);
             EnsureGone(InWork(f));
         }
@@ -111,7 +140,7 @@ int16_t CheckRepack(uint8_t HardWare, uint8_t ArcCheckFlag, uint8_t ReArcCheckFl
     bool Changed = false;
     bool Found = false;
     CleanTempDir();
-    QDir().mkdir(TempDir());
+    PlatformMakePath(TempDir());
     // One pass: members are held in TempDir, new files leave for SnapDir at once, so that the
     // re-pack sees members only.
     for (;;) {
@@ -132,7 +161,7 @@ int16_t CheckRepack(uint8_t HardWare, uint8_t ArcCheckFlag, uint8_t ReArcCheckFl
             ShellMove(InWork(f), TempDir() + u'/' + f, 0);
             EnsureMoved(InWork(f), TempDir() + u'/' + f);
         } else {
-            ShellCopy(InWork(f), snapDir + u'/' + f, 0);
+            CopyOutOrKeep(InWork(f), snapDir + u'/' + f);
             ShellDelete(InWork(f), 0);
             EnsureGone(InWork(f));
         }
@@ -150,8 +179,10 @@ int16_t CheckRepack(uint8_t HardWare, uint8_t ArcCheckFlag, uint8_t ReArcCheckFl
             bool ok = false;
             if (IsArcExt(GetFileExt(JituFile)))
                 ok = ArcPack(Window().Owner(), JituFile, WorkDir, kArcTrue) == 0;
-            if (!ok)
+            if (!ok) {
                 MsgBox(QStringLiteral("再圧縮できませんでした"));
+                KeepChangedMembers();
+            }
         }
     }
     CleanWorkDir();

@@ -132,11 +132,20 @@ bool IsInside(const QString& path, const QString& dir)
     return full == d || full.startsWith(d + QLatin1Char('/'));
 }
 
+// A tree is removed depth first, going on past what can't be removed, as the shell does; a
+// link is removed itself, never what it points to.
 bool RemoveEntry(const QFileInfo& fi)
 {
-    if (fi.isDir() && !fi.isSymLink())
-        return QDir(fi.absoluteFilePath()).removeRecursively();
-    return QFile::remove(fi.absoluteFilePath());
+    if (fi.isDir() && !fi.isSymLink()) {
+        bool ok = true;
+        const QFileInfoList children = QDir(fi.absoluteFilePath())
+                                           .entryInfoList(QDir::AllEntries | QDir::Hidden |
+                                                          QDir::System | QDir::NoDotAndDotDot);
+        for (const QFileInfo& c : children)
+            ok = RemoveEntry(c) && ok;
+        return PlatformRemoveDir(fi.absoluteFilePath()) && ok;
+    }
+    return PlatformRemoveFile(fi.absoluteFilePath());
 }
 
 bool CopyEntry(const QString& src, const QString& dst, QSet<QString>& chain)
@@ -151,7 +160,7 @@ bool CopyEntry(const QString& src, const QString& dst, QSet<QString>& chain)
             return false;
         if (d.exists() && !d.isDir())
             return false;
-        if (!QDir().mkpath(dst))
+        if (!PlatformMakePath(dst))
             return false;
         chain.insert(canon);
         bool ok = true;
@@ -165,7 +174,7 @@ bool CopyEntry(const QString& src, const QString& dst, QSet<QString>& chain)
     }
     if (!s.isFile() || d.isDir())
         return false;
-    if (!QDir().mkpath(d.absolutePath()))
+    if (!PlatformMakePath(d.absolutePath()))
         return false;
     return PlatformCopyFile(src, dst);
 }
@@ -188,12 +197,12 @@ bool MoveEntry(const QString& src, const QString& dst)
                 QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot);
             for (const QFileInfo& c : children)
                 ok = MoveEntry(c.absoluteFilePath(), dst + QLatin1Char('/') + c.fileName()) && ok;
-            return ok && QDir().rmdir(src);
+            return ok && PlatformRemoveDir(src);
         }
     } else if (d.isDir() && !d.isSymLink()) {
         return false;
     }
-    if (!QDir().mkpath(d.absolutePath()))
+    if (!PlatformMakePath(d.absolutePath()))
         return false;
     switch (PlatformRename(src, dst)) {
     case RenameResult::Ok:
@@ -262,7 +271,7 @@ bool PerformFileOp(const QString& src, const QString& dst, int operation)
         // The matches of a pattern go into the target as a directory, made when missing.
         if (t.exists() && !t.isDir())
             return false;
-        if (!QDir().mkpath(target))
+        if (!PlatformMakePath(target))
             return false;
     } else {
         const QFileInfo& s = sources.first();

@@ -1,6 +1,7 @@
 #include "launch/D88Uty.h"
 
 #include "data/ByteCodec.h"
+#include "platform/FileOps.h"
 #include "util/Globals.h"
 #include "util/Sjis.h"
 
@@ -9,6 +10,8 @@
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+
+#include <cerrno>
 
 using namespace tv;
 
@@ -342,6 +345,24 @@ TEST_F(D88Uty, JoinFailsOnAMissingPiece)
     QStringList list{Write("P1.D88", "abc"), dir_ + "/P2.D88"};
     EXPECT_FALSE(D88Join(dir_ + "/OUT.D88", list));
     EXPECT_FALSE(list.isEmpty());
+    // Nothing was lost on the way: the first piece is still there, no half file is left.
+    EXPECT_EQ(ReadAll(list[0]), QByteArray("abc"));
+    EXPECT_EQ(Files(), QStringList{"P1.D88"});
+}
+
+TEST_F(D88Uty, JoinOnAFullDiskKeepsEveryPieceAndMakesNoFile)
+{
+    const QStringList pieces{Write("J#01.D88", MakeDisk("A", 400)),
+                             Write("J#02.D88", MakeDisk("B", 400))};
+    QStringList list = pieces;
+    SetFileFaultHook(
+        [](FileOpKind kind, const QString&) { return kind == FileOpKind::Write ? ENOSPC : 0; });
+    const bool joined = D88Join(dir_ + "/J.D88", list);
+    SetFileFaultHook({});
+    EXPECT_FALSE(joined);
+    EXPECT_EQ(list, pieces);
+    EXPECT_EQ(Files(), (QStringList{"J#01.D88", "J#02.D88"}));
+    EXPECT_EQ(ReadAll(pieces[1]), MakeDisk("B", 400));
 }
 
 TEST(ReplaceText, ReplacesEveryOccurrenceFromTheLeft)

@@ -4,9 +4,12 @@
 
 #include <QDateTime>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+
+#include <cerrno>
 
 using namespace tv;
 using tvtest::ReadFile;
@@ -16,7 +19,12 @@ namespace {
 class FileOpsTest : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(dir.isValid()); }
-    void TearDown() override { SetCopyFaultAfterBytes(-1); }
+    void TearDown() override
+    {
+        SetCopyFaultAfterBytes(-1);
+        SetAnonymousTempFiles(true);
+        SetFileFaultHook({});
+    }
     QStringList Entries() const
     {
         return QDir(dir.path())
@@ -82,4 +90,58 @@ TEST_F(FileOpsTest, RenameReplacesFileAtomically)
     EXPECT_EQ(ReadFile(p("b")), QByteArray("new"));
     EXPECT_FALSE(QFileInfo::exists(p("a")));
     EXPECT_EQ(PlatformRename(p("a"), p("c")), RenameResult::Failed);
+}
+
+TEST_F(FileOpsTest, CopyWithoutAnonymousFilesGoesThroughAHiddenNameAndLeavesNone)
+{
+    SetAnonymousTempFiles(false);
+    WriteFile(p("src"), QByteArray(70000, 's'));
+    WriteFile(p("dst"), "old");
+    ASSERT_TRUE(PlatformCopyFile(p("src"), p("dst")));
+    ASSERT_TRUE(PlatformCopyFile(p("src"), p("new")));
+    EXPECT_EQ(ReadFile(p("dst")), QByteArray(70000, 's'));
+    EXPECT_EQ(ReadFile(p("new")), QByteArray(70000, 's'));
+    EXPECT_EQ(Entries(), (QStringList{"dst", "new", "src"}));
+}
+
+TEST_F(FileOpsTest, WriteFileReplacesTheWholeFileAndKeepsItsMode)
+{
+    WriteFile(p("ini"), "old text that is longer than the new");
+    QFile::setPermissions(p("ini"), QFileDevice::ReadOwner | QFileDevice::WriteOwner);
+    ASSERT_TRUE(PlatformWriteFile(p("ini"), "new"));
+    EXPECT_EQ(ReadFile(p("ini")), QByteArray("new"));
+    EXPECT_EQ(QFileInfo(p("ini")).permissions() & 0x7077,
+              (QFileDevice::ReadOwner | QFileDevice::WriteOwner) & 0x7077);
+    ASSERT_TRUE(PlatformWriteFile(p("fresh"), QByteArray()));
+    EXPECT_EQ(QFileInfo(p("fresh")).size(), 0);
+    EXPECT_FALSE(PlatformWriteFile(p("nodir/x"), "x"));
+    EXPECT_EQ(Entries(), (QStringList{"fresh", "ini"}));
+}
+
+TEST_F(FileOpsTest, ArmedFaultFailsTheOperationWithItsErrorAndChangesNothing)
+{
+    WriteFile(p("a"), "a");
+    WriteFile(p("b"), "b");
+    QStringList asked;
+    SetFileFaultHook([&asked](FileOpKind kind, const QString& path) {
+        asked << QString::number(int(kind)) + ":" + QFileInfo(path).fileName();
+        return kind == FileOpKind::Write ? ENOSPC : EACCES;
+    });
+    errno = 0;
+    EXPECT_FALSE(PlatformCopyFile(p("a"), p("b")));
+    EXPECT_EQ(errno, ENOSPC);
+    EXPECT_FALSE(PlatformWriteFile(p("c"), "c"));
+    EXPECT_EQ(PlatformRename(p("a"), p("b")), RenameResult::Failed);
+    EXPECT_EQ(errno, EACCES);
+    EXPECT_FALSE(PlatformRemoveFile(p("a")));
+    EXPECT_FALSE(PlatformMakePath(p("d/e")));
+    EXPECT_EQ(asked, (QStringList{"0:b", "0:c", "1:a", "2:a", "0:e"}));
+    EXPECT_EQ(ReadFile(p("a")), QByteArray("a"));
+    EXPECT_EQ(ReadFile(p("b")), QByteArray("b"));
+    EXPECT_EQ(Entries(), (QStringList{"a", "b"}));
+    SetFileFaultHook({});
+    EXPECT_TRUE(PlatformRemoveFile(p("a")));
+    EXPECT_TRUE(PlatformMakePath(p("d/e")));
+    EXPECT_TRUE(PlatformRemoveDir(p("d/e")));
+    EXPECT_EQ(Entries(), (QStringList{"b", "d"}));
 }

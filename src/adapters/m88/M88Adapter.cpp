@@ -9,6 +9,7 @@
 #include "launch/EmuAdapter.h"
 #include "launch/ExecEmulator.h"
 #include "launch/IniFile.h"
+#include "launch/Recovery.h"
 #include "platform/Platform.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
@@ -79,7 +80,7 @@ public:
             const QString src = FindFileNoCase(WorkDir, StateName(st.ImageStem, n));
             if (src.isEmpty())
                 continue;
-            ShellCopy(src, M88SaveDir + u'/' + StateName(st.ImageStem.toUpper(), n), 0);
+            CopyOutOrKeep(src, M88SaveDir + u'/' + StateName(st.ImageStem.toUpper(), n));
             ShellDelete(src, 0);
         }
         auto* modules = std::any_cast<ModuleState>(&st.adapterState);

@@ -4,8 +4,11 @@
 
 #include "data/Cfg.h"
 #include "data/clsLst.h"
+#include "platform/MsgBox.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
+
+#include <QFileInfo>
 
 namespace tv {
 
@@ -43,6 +46,22 @@ int Power10(int j)
     while (j-- > 0)
         p *= 10;
     return p;
+}
+
+// A hidden module goes back under its name: by a rename, which needs no room, else by a copy
+// whose source goes only once the copy stands. One that stays hidden is told.
+void BringBack(const QString& hidden, const QString& visible)
+{
+    if (ShellMove(hidden, visible, 0))
+        return;
+    if (ShellCopy(hidden, visible, 0)) {
+        ShellDelete(hidden, 0);
+        return;
+    }
+    MsgBox(QStringLiteral("M88のモジュール %1 を元に戻せませんでした。\r\n\r\n%2 "
+                          "として残っています。")
+               .arg(QFileInfo(visible).fileName(), hidden),
+           MbExclamation);
 }
 
 } // namespace
@@ -84,10 +103,12 @@ void HideM88Modules(ModuleState& out, const EmuOpt88& block)
                     out[k] = static_cast<uint8_t>(out[k] + 1 * Power10(j));
                 }
             } else if (!here.isEmpty()) {
-                // Copy and delete rather than rename, as the file operations verify each step.
-                ShellCopy(here, In(dir, files[j].hidden), 0);
-                ShellDelete(here, 0);
-                out[k] = static_cast<uint8_t>(out[k] + 2 * Power10(j));
+                // Copy and delete rather than rename, as the file operations verify each step;
+                // a module whose copy failed stays where it is, never deleted.
+                if (ShellCopy(here, In(dir, files[j].hidden), 0)) {
+                    ShellDelete(here, 0);
+                    out[k] = static_cast<uint8_t>(out[k] + 2 * Power10(j));
+                }
             }
         }
     }
@@ -107,8 +128,7 @@ void RestoreM88Modules(ModuleState& state)
                     ShellDelete(here, 0);
                 } else if (const QString hidden = Found(dir, files[j].hidden);
                            d == 2 && !hidden.isEmpty()) {
-                    ShellCopy(hidden, In(dir, name), 0);
-                    ShellDelete(hidden, 0);
+                    BringBack(hidden, In(dir, name));
                 }
             }
             state[k] = static_cast<uint8_t>(state[k] % p);

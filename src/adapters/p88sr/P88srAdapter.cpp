@@ -7,6 +7,7 @@
 #include "adapters/p88sr/P88srOption.h"
 #include "data/Cfg.h"
 #include "launch/MainWindowLink.h"
+#include "launch/Recovery.h"
 #include "platform/Platform.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
@@ -67,7 +68,7 @@ public:
             const QString src = FindFileNoCase(WorkDir, P88StateName(st.ImageStem, n));
             if (src.isEmpty())
                 continue;
-            ShellCopy(src, P88SaveDir + u'/' + P88StateName(st.ImageStem.toUpper(), n), 0);
+            CopyOutOrKeep(src, P88SaveDir + u'/' + P88StateName(st.ImageStem.toUpper(), n));
             ShellDelete(src, 0);
         }
     }

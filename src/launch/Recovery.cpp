@@ -1,0 +1,50 @@
+#include "launch/Recovery.h"
+
+#include "platform/FileOps.h"
+#include "platform/MsgBox.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
+
+#include <QDateTime>
+#include <QFileInfo>
+
+namespace tv {
+
+QString KeepInRecovery(const QString& file)
+{
+    if (AppDir.isEmpty() || !QFileInfo(AppDir).isDir())
+        return {};
+    const QString name = QFileInfo(file).fileName();
+    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd_HHmmss"));
+    QString dir = AppDir + QStringLiteral("/TORVRECOVER_") + stamp;
+    for (int n = 2; QFileInfo::exists(dir + u'/' + name); ++n)
+        dir = AppDir + QStringLiteral("/TORVRECOVER_%1-%2").arg(stamp).arg(n);
+    const QString kept = dir + u'/' + name;
+    if (!PlatformMakePath(dir))
+        return {};
+    // A rename first: it needs no room; a move across file systems copies.
+    if (PlatformRename(file, kept) == RenameResult::Ok || ShellMove(file, kept, 0))
+        return kept;
+    PlatformRemoveDir(dir); // only when it is empty
+    return {};
+}
+
+bool CopyOutOrKeep(const QString& source, const QString& target)
+{
+    if (ShellCopy(source, target, 0))
+        return true;
+    const QString name = QFileInfo(source).fileName();
+    const QString kept = KeepInRecovery(source);
+    if (!kept.isEmpty())
+        MsgBox(QStringLiteral("%1 に書き込めませんでした。\r\n\r\n%2 を次の場所に保存しました。"
+                              "\r\n\r\n%3")
+                   .arg(target, name, kept),
+               MbExclamation);
+    else
+        MsgBox(QStringLiteral("%1 に書き込めませんでした。\r\n\r\n%2 を保存できませんでした。")
+                   .arg(target, name),
+               MbCritical);
+    return false;
+}
+
+} // namespace tv

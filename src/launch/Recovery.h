@@ -1,0 +1,19 @@
+#pragma once
+// What a launch can't put where it belongs (a changed image that can't be written back, a
+// save state or a screen dump that its directory refuses) is never deleted with WorkDir: it
+// goes to a recovery directory beside the program, named by the date, and the user is told
+// where. A move within the program's directory needs no room on the disk.
+#include <QString>
+
+namespace tv {
+
+// Moves `file` into the recovery directory of this moment (AppDir/TORVRECOVER_<date>),
+// beside nothing of the same name; returns where it now is, or "" when it couldn't be moved.
+QString KeepInRecovery(const QString& file);
+
+// Copies `source` to `target`. When the copy fails, `source` is kept in recovery and the user
+// is told that `target` couldn't be written and where the file is (or that it couldn't be
+// kept). True when the copy succeeded.
+bool CopyOutOrKeep(const QString& source, const QString& target);
+
+} // namespace tv
