@@ -543,6 +543,8 @@ int PackDirectory(ArcFormat format, const QString& archivePath, const QString& s
         return WriteLzh5Archive(target, paths, cb) ? ArcOk : ArcErrWrite;
     }
 
+    // What a re-pack cut off by a crash or a kill left beside the archive goes first.
+    SweepStaleTemporaries(ai.absolutePath(), QStringLiteral(".tvarc-"));
     QTemporaryFile tmp(ai.absolutePath() + QStringLiteral("/.tvarc-XXXXXX"));
     if (!tmp.open())
         return ArcErrWrite;

@@ -37,6 +37,10 @@ bool PlatformRemoveDir(const QString& path);
 // Makes a directory and its missing parents; true when it stands there afterwards.
 bool PlatformMakePath(const QString& path);
 
+// Removes the plain files of `dir` named `prefix` and six letters or digits: the temporaries
+// that a write cut off by a crash or a kill left under such a name.
+void SweepStaleTemporaries(const QString& dir, const QString& prefix);
+
 // The kinds of operation that a test can make fail.
 enum class FileOpKind { Write, Rename, Delete };
 // Test seam: when a hook is set, every write (a copy, a whole-file write, a new directory),

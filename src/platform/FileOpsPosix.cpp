@@ -91,21 +91,8 @@ bool IsOurTempName(const QByteArray& name, const QByteArray& prefixName)
 // name beside it. Only plain files of exactly our pattern for this target are touched.
 void SweepStaleTemps(const QFileInfo& target)
 {
-    const QByteArray dirPath = QFile::encodeName(target.absolutePath());
-    const QByteArray prefixName =
-        QFile::encodeName(QStringLiteral(".") + target.fileName()) + kTempInfix;
-    DIR* d = ::opendir(dirPath.constData());
-    if (!d)
-        return;
-    while (const dirent* e = ::readdir(d)) {
-        const QByteArray name(e->d_name);
-        if (!IsOurTempName(name, prefixName))
-            continue;
-        struct stat st;
-        if (::fstatat(::dirfd(d), e->d_name, &st, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(st.st_mode))
-            ::unlinkat(::dirfd(d), e->d_name, 0);
-    }
-    ::closedir(d);
+    SweepStaleTemporaries(target.absolutePath(),
+                          QStringLiteral(".") + target.fileName() + QLatin1String(kTempInfix));
 }
 
 QByteArray RandomSuffix()
@@ -211,6 +198,24 @@ bool WriteThrough(const QString& target, mode_t mode, const struct timespec* tim
 }
 
 } // namespace
+
+void SweepStaleTemporaries(const QString& dir, const QString& prefix)
+{
+    const QByteArray dirPath = QFile::encodeName(dir);
+    const QByteArray prefixName = QFile::encodeName(prefix);
+    DIR* d = ::opendir(dirPath.constData());
+    if (!d)
+        return;
+    while (const dirent* e = ::readdir(d)) {
+        const QByteArray name(e->d_name);
+        if (!IsOurTempName(name, prefixName))
+            continue;
+        struct stat st;
+        if (::fstatat(::dirfd(d), e->d_name, &st, AT_SYMLINK_NOFOLLOW) == 0 && S_ISREG(st.st_mode))
+            ::unlinkat(::dirfd(d), e->d_name, 0);
+    }
+    ::closedir(d);
+}
 
 void SetFileFaultHook(FileFaultHook hook)
 {

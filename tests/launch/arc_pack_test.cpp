@@ -7,6 +7,7 @@
 #include "util/Sjis.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
@@ -131,6 +132,21 @@ TEST_F(ArcPack, PackReplacesTheOldArchive)
     QFile::remove(S(QStringLiteral("OLD.TXT")));
     ASSERT_EQ(PackDirectory(ArcFormat::Zip, arc, src, QStringLiteral("*.*")), ArcOk);
     ExpectSameFiles(ArcFormat::Zip, arc); // OLD.TXT is gone from the archive
+}
+
+TEST_F(ArcPack, RepackSweepsTheTemporaryOfOneCutOffBefore)
+{
+    // A re-pack killed midway left its temporary beside the archive; names that only look
+    // alike stay.
+    const QString arc = O(QStringLiteral("title.zip"));
+    WriteFile(O(QStringLiteral(".tvarc-Xy12Ab")), "half an archive");
+    WriteFile(O(QStringLiteral(".tvarc-short")), "not ours");
+    WriteFile(S(QStringLiteral("GAME.D88")), "game");
+    ASSERT_EQ(PackDirectory(ArcFormat::Zip, arc, src, QStringLiteral("*.*")), ArcOk);
+    EXPECT_EQ(QDir(QFileInfo(arc).absolutePath())
+                  .entryList(QDir::Files | QDir::Hidden, QDir::Name)
+                  .join(u','),
+              QStringLiteral(".tvarc-short,title.zip"));
 }
 
 TEST_F(ArcPack, NothingToPackLeavesTheArchiveAlone)
