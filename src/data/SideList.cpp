@@ -164,6 +164,15 @@ bool AddSideItem(int kind, const QString& text)
                MbYesNo) != MbResYes) {
         return false;
     }
+    if (bytes.size() < kSideHeaderSize) {
+        // A file cut off inside its header holds no item: appended there, the item would be
+        // read back shifted. It gets its header again, then the item.
+        if (!WriteWhole(path, SideListHeader(kind) + ItemBytes(item, info.width))) {
+            MsgBox(path + QStringLiteral(" に書き込めません"), MbExclamation);
+            return false;
+        }
+        return true;
+    }
     QFile f(path);
     if (!f.open(QIODevice::WriteOnly | QIODevice::Append)) {
         MsgBox(path + QStringLiteral(" に書き込めません"), MbExclamation);

@@ -108,6 +108,19 @@ TEST_F(SideListTest, AddAsksAndAppends)
               QByteArray("TORVANE.CL2 Version 0.11") + Item("ディスク版", 20));
 }
 
+TEST_F(SideListTest, AnItemAddedToAFileShorterThanItsHeaderIsReadBack)
+{
+    // A cut-off list (21 bytes, no item can stand in it): the item must not land where the
+    // header should end, or it is read back as something else.
+    ASSERT_TRUE(WriteFile(app("TORVANE.SAL"), QByteArray("TORVANE.SAL V.111985")));
+    EXPECT_EQ(LoadSideList(4), QStringList());
+    boxes.answer(MbResYes);
+    ASSERT_TRUE(AddSideItem(4, QStringLiteral("1985")));
+    EXPECT_EQ(LoadSideList(4), QStringList{"1985"});
+    EXPECT_EQ(ReadFile(app("TORVANE.SAL")),
+              QByteArray("TORVANE.SAL Version 0.11") + Item("1985", 20));
+}
+
 TEST_F(SideListTest, AddRefusals)
 {
     LoadSideList(0);
