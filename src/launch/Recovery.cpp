@@ -19,13 +19,19 @@ QString KeepInRecovery(const QString& file)
     QString dir = AppDir + QStringLiteral("/TORVRECOVER_") + stamp;
     for (int n = 2; QFileInfo::exists(dir + u'/' + name); ++n)
         dir = AppDir + QStringLiteral("/TORVRECOVER_%1-%2").arg(stamp).arg(n);
-    const QString kept = dir + u'/' + name;
-    if (!PlatformMakePath(dir))
-        return {};
-    // A rename first: it needs no room; a move across file systems copies.
-    if (PlatformRename(file, kept) == RenameResult::Ok || ShellMove(file, kept, 0))
-        return kept;
-    PlatformRemoveDir(dir); // only when it is empty
+    if (PlatformMakePath(dir)) {
+        const QString kept = dir + u'/' + name;
+        // A rename first: it needs no room; a move across file systems copies.
+        if (PlatformRename(file, kept) == RenameResult::Ok || ShellMove(file, kept, 0))
+            return kept;
+        PlatformRemoveDir(dir); // only when it is empty
+    }
+    // A disk too full for a new directory still takes a rename beside the program.
+    QString beside = AppDir + QStringLiteral("/TORVRECOVER_") + stamp + u'_' + name;
+    for (int n = 2; QFileInfo::exists(beside); ++n)
+        beside = AppDir + QStringLiteral("/TORVRECOVER_%1-%2_%3").arg(stamp).arg(n).arg(name);
+    if (PlatformRename(file, beside) == RenameResult::Ok)
+        return beside;
     return {};
 }
 

@@ -8,7 +8,8 @@
 namespace tv {
 
 // Moves `file` into the recovery directory of this moment (AppDir/TORVRECOVER_<date>),
-// beside nothing of the same name; returns where it now is, or "" when it couldn't be moved.
+// beside nothing of the same name, or where no directory can be made, beside the program as
+// TORVRECOVER_<date>_<name>; returns where it now is, or "" when it couldn't be moved.
 QString KeepInRecovery(const QString& file);
 
 // Copies `source` to `target`. When the copy fails, `source` is kept in recovery and the user

@@ -1,6 +1,7 @@
 // Launches under a failing disk: every file operation of a launch (each write, rename and
 // delete that goes through the platform's file operations) fails in turn with "no space" and
-// with "permission denied", and after each launch nothing the user owns may be lost. The
+// with "permission denied", and each write also as the first of a disk that stays full (every
+// later write fails too); after each launch nothing the user owns may be lost. The
 // catalogued file is as it was or fully updated, the emulator's configuration and modules are
 // back or kept in recovery, WorkDir is empty, and whatever didn't end as a launch without a
 // fault ends was told in a message box.
@@ -142,6 +143,8 @@ protected:
             if (d != "TORVBOOT")
                 for (auto [k, v] : TreeOf(AppDir + "/" + d).asKeyValueRange())
                     o.recovery[d + "/" + k] = v;
+        for (const QString& f : app.entryList({"TORVRECOVER_*"}, QDir::Files))
+            o.recovery[f] = ReadFile(AppDir + "/" + f);
         o.work = TreeOf(WorkDir).keys();
         o.ran = !Runs().empty();
         return o;
@@ -157,11 +160,18 @@ protected:
         if (start)
             *start = Now();
         int count = 0;
+        kinds_.clear();
         SetFileFaultHook([&](FileOpKind kind, const QString& path) {
-            if (++count != n)
+            kinds_.push_back(kind);
+            ++count;
+            // A full disk: from the n-th on, every write fails (a rename or a delete needs no
+            // room).
+            if (err == kDiskFull && count > n && kind == FileOpKind::Write)
+                return ENOSPC;
+            if (count != n)
                 return 0;
             *failed = QStringLiteral("%1 %2").arg(KindName(kind), QDir(r_).relativeFilePath(path));
-            return err;
+            return err == kDiskFull ? ENOSPC : err;
         });
         ScriptedMsgBox box;
         RunSelectedItem(sc.code);
@@ -170,7 +180,9 @@ protected:
         return count;
     }
 
+    static constexpr int kDiskFull = -1; // ENOSPC on the n-th operation and every later write
     QString catalogued_;
+    std::vector<FileOpKind> kinds_; // of the last launch, in order
 };
 
 // Where each file of `want` (name and bytes) is in `now`: in its place, or kept in recovery;
@@ -236,6 +248,8 @@ void FaultWalkTest::RunWalk(const Scenario& sc)
     QStringList told;
     Owned start;
     const int total = Launch(sc, 0, 0, &failed, &told, &start);
+    const std::vector<FileOpKind> allKinds = kinds_;
+    int launches = 0;
     ASSERT_TRUE(told.isEmpty()) << told.join(" | ").toStdString();
     const Owned done = Now();
     ASSERT_TRUE(done.ran);
@@ -246,24 +260,31 @@ void FaultWalkTest::RunWalk(const Scenario& sc)
     std::printf("%4s %-7s %-48s %-17s %s\n", "N", "error", "operation", "outcome", "told");
     QMap<QString, int> outcomes;
     for (int n = 1; n <= total; ++n) {
-        for (int err : {ENOSPC, EACCES}) {
+        for (int err : {ENOSPC, EACCES, int(kDiskFull)}) {
+            if (err == kDiskFull && allKinds[size_t(n - 1)] != FileOpKind::Write)
+                continue;
             failed.clear();
             Launch(sc, n, err, &failed, &told, &start);
+            ++launches;
             const Owned o = Now();
             const QString outcome = Outcome(start, done, o);
             ++outcomes[outcome];
-            std::printf("%4d %-7s %-48s %-17s %s\n", n, err == ENOSPC ? "ENOSPC" : "EACCES",
-                        qPrintable(failed.left(48)), qPrintable(outcome),
+            const char* errName = err == ENOSPC ? "ENOSPC" : err == EACCES ? "EACCES" : "FULL";
+            std::printf("%4d %-7s %-48s %-17s %s\n", n, errName, qPrintable(failed.left(48)),
+                        qPrintable(outcome),
                         qPrintable(told.join(" | ").replace('\n', ' ').left(60)));
-            EXPECT_NE(outcome, "lost") << sc.name << " #" << n << " " << qPrintable(failed);
-            EXPECT_TRUE(o.work.isEmpty()) << sc.name << " #" << n << " " << qPrintable(failed)
-                                          << ": " << qPrintable(o.work.join(", "));
+            EXPECT_NE(outcome, "lost")
+                << sc.name << " #" << n << " " << errName << " " << qPrintable(failed);
+            EXPECT_TRUE(o.work.isEmpty())
+                << sc.name << " #" << n << " " << errName << " " << qPrintable(failed) << ": "
+                << qPrintable(o.work.join(", "));
             // A launch that didn't end as a launch without a fault says so.
             EXPECT_TRUE(outcome == "fully updated" || !told.isEmpty())
-                << sc.name << " #" << n << " " << qPrintable(failed) << " was silent";
+                << sc.name << " #" << n << " " << errName << " " << qPrintable(failed)
+                << " was silent";
         }
     }
-    std::printf("%s: %d operations visited, %d launches:", sc.name, total, 2 * total);
+    std::printf("%s: %d operations visited, %d launches:", sc.name, total, launches);
     for (auto [k, v] : outcomes.asKeyValueRange())
         std::printf(" %s %d,", qPrintable(k), v);
     std::printf("\n");
