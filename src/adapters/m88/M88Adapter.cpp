@@ -54,7 +54,11 @@ public:
     bool branch(LaunchState& st, EmuBranch& b) override
     {
         if (!row().existingIni()) {
-            b.altFlag = WriteGeneratedM88Ini(ChosenOpt88(st.DefOpt));
+            // An INI that can't be written ends the launch, as for the other emulators.
+            bool written = false;
+            b.altFlag = WriteGeneratedM88Ini(ChosenOpt88(st.DefOpt), &written);
+            if (!written)
+                return false;
         } else {
             // The user's INI stays; only the keys a launch depends on are corrected.
             const QString ini = ResolveFileNoCase(st.Dir, kM88IniName);

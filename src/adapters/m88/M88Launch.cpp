@@ -35,10 +35,12 @@ std::optional<double> ProfileNumber(const QString& text)
 
 } // namespace
 
-uint8_t WriteGeneratedM88Ini(const EmuOpt88& block)
+uint8_t WriteGeneratedM88Ini(const EmuOpt88& block, bool* written)
 {
     // The user's file may be spelt "m88.ini": the writer leaves no second spelling beside ours.
-    WriteM88Ini(M88Dir() + QLatin1Char('/') + kM88IniName, MakeM88Ini(block));
+    const bool ok = WriteM88Ini(M88Dir() + QLatin1Char('/') + kM88IniName, MakeM88Ini(block));
+    if (written)
+        *written = ok;
     return block.M88_1Op[23];
 }
 

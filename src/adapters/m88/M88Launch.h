@@ -26,8 +26,8 @@ struct M88Command {
 
 // The road with "既存INI使用" (Cfg.M88CfgChk) off: deletes M88's "M88.INI" and writes it anew
 // from the block (MakeM88Ini) with one write and a line end behind it. Returns AltFlag, the
-// block's "use RND4M88" (M88_1Op[23]).
-uint8_t WriteGeneratedM88Ini(const EmuOpt88& block);
+// block's "use RND4M88" (M88_1Op[23]); `written` tells whether the file could be written.
+uint8_t WriteGeneratedM88Ini(const EmuOpt88& block, bool* written = nullptr);
 
 // The road with "既存INI使用" on regenerates nothing (AltFlag stays 0) and corrects three keys of
 // section "M88p2 for Windows" of M88's "M88.INI" through the profile interface: "Flags" as
