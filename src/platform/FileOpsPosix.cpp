@@ -116,7 +116,9 @@ PendingFile OpenPending(const QFileInfo& target)
 {
     PendingFile p;
     const QByteArray dir = QFile::encodeName(target.absolutePath());
-    if (g_anonymous.load()) {
+    // An anonymous file gets its name through /proc: without it, the named road.
+    static const bool procFds = ::access("/proc/self/fd", X_OK) == 0;
+    if (g_anonymous.load() && procFds) {
         p.fd = ::open(dir.constData(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0600);
         if (p.fd >= 0) {
             p.anonymous = true;
