@@ -3,8 +3,13 @@
 #include "data/Cfg.h"
 #include "data/EmuRegistry.h"
 #include "launch/EmuAdapter.h"
+#include "platform/MsgBox.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
 
 namespace tv {
 
@@ -34,6 +39,33 @@ const EmuRow* PciDebugRow(int16_t EmuCode)
     return r && r->pciDebug ? r : nullptr;
 }
 
+// A backup still standing is the remainder of a launch that ended midway: the user's own file.
+// Before the rule removes it, it is kept under the configuration's own name in a recovery
+// directory beside the program, named with the date and the emulator, and the user is told
+// where, once for each file kept. Where nothing can be kept, the rule goes on as it was.
+void KeepStaleBackup(const EmuRow& row, const EmuConfigFiles& f, const QString& backup)
+{
+    const QString emu = QString::fromUtf8(row.listName).replace(u' ', u'_');
+    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd_HHmmss"));
+    QString dir = Join(AppDir, QStringLiteral("TORVRECOVER_") + stamp + u'_' + emu);
+    for (int n = 2; QFileInfo::exists(dir); ++n)
+        dir = Join(AppDir, QStringLiteral("TORVRECOVER_%1-%2_%3").arg(stamp).arg(n).arg(emu));
+    const QString kept = Join(dir, f.config);
+    const bool home = !AppDir.isEmpty() && QFileInfo(AppDir).isDir();
+    if (home && QDir().mkpath(dir) && ShellMove(backup, kept, 0)) {
+        const QString name = QString::fromUtf8(row.listName);
+        MsgBox(QStringLiteral("前回の起動で元に戻せなかった %1 の設定ファイルを、次の場所に"
+                              "保存しました。\r\n\r\n%2\r\n\r\n元の設定に戻すには、この"
+                              "ファイルを %1 のフォルダへコピーしてください。")
+                   .arg(name, kept),
+               MbInformation);
+        return;
+    }
+    if (home)
+        QDir().rmdir(dir);
+    ShellDelete(backup, 0);
+}
+
 } // namespace
 
 EmuConfigFiles GetEmuConfigFiles(int16_t EmuCode, uint8_t TuneUse)
@@ -52,9 +84,8 @@ void BackupEmuConfig(int16_t EmuCode, bool Restore, uint8_t TuneUse)
     // The emulators come from a case-blind platform: "m88.ini" is their M88.INI as well.
     const QString config = ResolveFileNoCase(f.dir, f.config), backup = Join(f.dir, f.backup);
     if (!Restore) {
-        // A backup still standing is the remainder of a launch that failed midway.
         if (Exists(backup))
-            ShellDelete(backup, 0);
+            KeepStaleBackup(*FindEmu(EmuCode), f, backup);
         if (!Exists(config))
             return;
         ShellCopy(config, backup, 0);

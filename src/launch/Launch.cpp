@@ -90,8 +90,21 @@ bool LaunchRoadReady(int EmuCode, const CfgRecord& cfg, QString* why)
 // ---------------------------------------------------------------------------------------
 // RunSelectedItem
 
+namespace {
+
+// A launch that ends without stage 3: WorkDir is emptied and the detail pane, with the status
+// text that the launch replaced, is shown anew.
+void EndWithoutRepack()
+{
+    CleanWorkDir();
+    Window().RefreshItemDetail();
+}
+
+} // namespace
+
 void RunSelectedItem(int16_t EmuCode)
 {
+    enum class Stage { One, Two, Three } stage = Stage::One;
     try {
         const bool selected = Window().HasSelectedItem();
         if (!selected) {
@@ -108,20 +121,22 @@ void RunSelectedItem(int16_t EmuCode)
         lastLaunchTimings.stage1Ns = t.nsecsElapsed();
         if (!prepared) {
             MsgBox(kPrepareErrorText, MbCritical, kEmuRunErrorCaption);
-            CleanWorkDir();
+            EndWithoutRepack();
             return;
         }
 
         const QString StartFile = LstObj.GetStartFileName();
         const QString SecondFile = LstObj.GetSecondFile();
+        stage = Stage::Two;
         if (!RunEmulatorItem(HardWare, EmuCode, StartFile, SecondFile, Cfg.DefOpt)) {
-            CleanWorkDir();
+            EndWithoutRepack();
             return;
         }
 
         ArcCheckFlag = LstObj.GetArcCheckFlag();
         const uint8_t ReArcCheckFlag = LstObj.GetReArcCheckFlag();
         const QString StartAgain = LstObj.GetStartFileName();
+        stage = Stage::Three;
         t.restart();
         const bool repacked =
             CheckRepack(HardWare, ArcCheckFlag, ReArcCheckFlag, JituFile, StartAgain, fileList);
@@ -129,10 +144,14 @@ void RunSelectedItem(int16_t EmuCode)
         if (!repacked)
             CleanWorkDir();
     } catch (const std::exception&) {
-        // A run-time error ends the launch silently; what stands in WorkDir stays there until
-        // the next CleanWorkDir. The window comes back so that the user isn't left without it.
+        // A run-time error ends the launch without a word. In stage 2 the frame has taken back
+        // what it did, so WorkDir is emptied as well; in stage 3 WorkDir may hold the changed
+        // image, which stays for the question of the next start.
         Window().SetMainEnabled(true);
         Window().RestoreMain();
+        if (stage == Stage::Two)
+            CleanWorkDir();
+        Window().RefreshItemDetail();
     }
 }
 
@@ -177,10 +196,9 @@ bool PrepareWorkDir(uint8_t HardWare, int16_t EmuCode, uint8_t ArcCheckFlag, QSt
     // Record each file's name and time. The walk drains WorkDir into TempDir and takes the
     // first match anew each time, since a pattern search can't survive the moves.
     fileList.clear();
-    CleanTempDir();
-    QDir().mkpath(TempDir());
+    OpenTempDir();
     for (;;) {
-        const QString first = FindFile(WorkDir + QStringLiteral("/*"));
+        const QString first = FindFile(Matches(WorkDir, QStringLiteral("*")));
         if (first.isEmpty())
             break;
         const QString name = QFileInfo(first).fileName();
@@ -297,7 +315,10 @@ bool SplitDisk(LaunchState& st, Split& split)
 // the name on disk in case, and stage 3 looks for the name that stage 1 recorded.
 bool JoinDisk(Split& split)
 {
-    if (!split.done || D88Join(split.path, split.disks))
+    if (!split.done)
+        return true;
+    split.done = false; // joined once, whatever comes of it
+    if (D88Join(split.path, split.disks))
         return true;
     MsgBox(kJoinErrorText, MbCritical, kEmuRunErrorCaption);
     return false;
@@ -324,6 +345,13 @@ void UnstageAfterRun(EmuAdapter& adapter, LaunchState& st, uint8_t& pciFlag)
     BackupEmuConfig(EmuCode, true, st.TuneUse);
 }
 
+// The window back, brought to the front, with its events served.
+void WindowBack()
+{
+    Window().RestoreMain();
+    DoEvents();
+}
+
 // The emulator runs with WorkDir current and the main window minimised; the window comes
 // back when it has ended.
 void RunWithWindowAway(const EmuBranch& b, int16_t EmuCode)
@@ -331,8 +359,56 @@ void RunWithWindowAway(const EmuBranch& b, int16_t EmuCode)
     Window().MinimiseMain();
     ExecEmulator(b.cmd, EmuCode, b.paste1, b.paste2, b.altFlag);
     SleepMs(100);
-    Window().RestoreMain();
-    DoEvents();
+    WindowBack();
+}
+
+// An emulator that couldn't start is told, over the window that has come back.
+void TellStartFailure(const EmulatorStartError& e)
+{
+    WindowBack();
+    MsgBox(StartFailureText(e), MbCritical, kEmuRunErrorCaption);
+}
+
+// The frame from FMPAN to its end: staging after the backup, the split, the adapter's branch,
+// the run, the join and `takeBack`. A branch that can't make the emulator's configuration
+// ends the launch without a run, after `takeBack`; a failed split or join ends it as told
+// there, with what the frame keeps.
+bool ConfigureAndRun(EmuAdapter& adapter, LaunchState& st, Split& split, QElapsedTimer& t,
+                     const std::function<void()>& takeBack)
+{
+    const int16_t EmuCode = st.row.code();
+    // FMPAN and .PAT.
+    StageFmPan(st);
+    StagePat(st);
+    // The split of a multi-disk D88, before the branch that takes its pieces.
+    if (!SplitDisk(st, split))
+        return false;
+
+    // The adapter's branch.
+    st.Dir = st.row.dirOf(Cfg, st.TuneUse);
+    // The emulators come from a case-blind platform: "m88.exe" is M88.EXE as well.
+    st.Exe = ResolveFileNoCase(st.Dir, st.row.exeName());
+    EmuBranch b;
+    b.cmd = LaunchCommand(st.Exe);
+    if (!adapter.branch(st, b)) {
+        takeBack();
+        return false;
+    }
+
+    // The run, from WorkDir.
+    QDir::setCurrent(WorkDir);
+    lastLaunchTimings.stage2StagingNs = t.nsecsElapsed();
+    RunWithWindowAway(b, EmuCode);
+    t.restart();
+
+    // The join; on failure nothing after it is done.
+    if (!JoinDisk(split)) {
+        lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
+        return false;
+    }
+    takeBack(); // the pieces are joined: the rest of the frame's end
+    lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
+    return true;
 }
 
 } // namespace
@@ -365,53 +441,25 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     StagePciDebug(pciFlag, EmuCode, DefOpt);
     // The user's configuration to its backup name.
     BackupEmuConfig(EmuCode, false, st.TuneUse);
-    // FMPAN and .PAT.
-    StageFmPan(st);
-    StagePat(st);
-    // The split of a multi-disk D88, before the branch that takes its pieces.
-    Split split;
-    if (!SplitDisk(st, split))
-        return false;
 
-    // The adapter's branch.
-    st.Dir = st.row.dirOf(Cfg, st.TuneUse);
-    // The emulators come from a case-blind platform: "m88.exe" is M88.EXE as well.
-    st.Exe = ResolveFileNoCase(st.Dir, st.row.exeName());
-    EmuBranch b;
-    b.cmd = LaunchCommand(st.Exe);
-    // A branch that can't make the emulator's configuration (a file it can't write, or a
-    // block it can't turn into text, a run-time error) ends the launch without a run; what was
-    // staged for the run goes back first, the user's file too.
-    auto undo = [&] {
+    // From here on, a launch that ends without its run takes back what it did, in the order
+    // of the frame's own end: pieces joined, staged files and save states out, the user's
+    // configuration back.
+    Split split;
+    auto takeBack = [&] {
         JoinDisk(split);
         UnstageAfterRun(adapter, st, pciFlag);
     };
-    bool branched = false;
     try {
-        branched = adapter.branch(st, b);
+        return ConfigureAndRun(adapter, st, split, t, takeBack);
+    } catch (const EmulatorStartError& e) {
+        TellStartFailure(e);
+        takeBack();
+        return false;
     } catch (const std::exception&) {
-        undo();
+        takeBack();
         throw;
     }
-    if (!branched) {
-        undo();
-        return false;
-    }
-
-    // The run, from WorkDir.
-    QDir::setCurrent(WorkDir);
-    lastLaunchTimings.stage2StagingNs = t.nsecsElapsed();
-    RunWithWindowAway(b, EmuCode);
-    t.restart();
-
-    // The join; on failure nothing after it is done.
-    if (!JoinDisk(split)) {
-        lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
-        return false;
-    }
-    UnstageAfterRun(adapter, st, pciFlag);
-    lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
-    return true;
 }
 
 // ---------------------------------------------------------------------------------------
