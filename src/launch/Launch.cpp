@@ -20,6 +20,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <exception>
 
 namespace tv {
@@ -242,20 +243,41 @@ QString GetWorkImageName(int16_t EmuCode, const QString& FileName)
 
 namespace {
 
+// A DOS emulator reaches files by 8.3 names only, and a name with one of " * ? < > | has
+// none: such an image in WorkDir is refused with a message rather than left out in silence.
+bool RefusedForDos(const LaunchState& st, const QString& name)
+{
+    static const QString kOdd = QStringLiteral("\"*?<>|");
+    const QString n = Trimmed(name);
+    if (!st.row.shortNames || FindNoCase(WorkDir, n).isEmpty() ||
+        std::none_of(n.begin(), n.end(), [](QChar c) { return kOdd.contains(c); }))
+        return false;
+    MsgBox(QStringLiteral("「%1」は名前に \" * ? < > | のいずれかを含むため、%2 には渡せません。")
+               .arg(n, QString::fromUtf8(st.row.listName)),
+           MbExclamation, kEmuRunErrorCaption);
+    return true;
+}
+
 // The images under the names the emulator reaches them by; false when the first is missing
-// or of a type the emulator doesn't take (the launch then ends without a word).
+// or of a type the emulator doesn't take (the launch then ends without a word), or when a
+// DOS emulator can't be given an image by its name (told).
 bool NameImages(LaunchState& st)
 {
     const int16_t code = st.row.code();
     st.Image = GetWorkImageName(code, st.StartFile);
-    if (st.Image.isEmpty())
+    if (st.Image.isEmpty()) {
+        RefusedForDos(st, st.StartFile);
         return false;
+    }
     st.ImageStem = st.Image;
     st.ImageExt = SplitFileExt(st.ImageStem).toUpper();
     // The PC-88 family takes the second disk as the record names it.
     if (st.HardWare == 1 || st.HardWare == 2) {
-        if (!Trimmed(st.SecondFile).isEmpty())
+        if (!Trimmed(st.SecondFile).isEmpty()) {
             st.Second = GetWorkImageName(code, st.SecondFile);
+            if (st.Second.isEmpty() && RefusedForDos(st, st.SecondFile))
+                return false;
+        }
     } else {
         st.Second = st.SecondFile;
     }

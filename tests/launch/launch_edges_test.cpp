@@ -351,3 +351,38 @@ TEST_F(LaunchEdges, OddCharactersInAPlainImageName)
     EXPECT_EQ(ReadFile(image).mid(32, 16), kChanged);
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
+
+// A DOS emulator reaches its images by 8.3 names, which a name with these characters doesn't
+// have: the launch is refused with a message, the first image or the second, and nothing runs.
+TEST_F(LaunchEdges, DosEmulatorRefusesOddNamesWithAMessage)
+{
+    Emu(11);
+    const QString first = QStringLiteral("A*B.D77");
+    const QString arc = Archive("GAME.ZIP", {{first, Image()}, {"DISK2.D77", Image(2048)}});
+    Item(1, arc, first, 1, 1, "DISK2.D77");
+
+    ScriptedMsgBox box;
+    RunSelectedItem(11);
+
+    ASSERT_EQ(box.calls().size(), 1u);
+    EXPECT_EQ(box.calls()[0].flags, 48);
+    EXPECT_EQ(box.calls()[0].caption, QStringLiteral("Emu実行エラー"));
+    EXPECT_EQ(box.calls()[0].text,
+              QStringLiteral("「A*B.D77」は名前に \" * ? < > | のいずれかを含むため、XM7 for DOS "
+                             "には渡せません。"));
+    EXPECT_TRUE(Runs().empty());
+    EXPECT_TRUE(WorkFiles().isEmpty());
+
+    // The second image likewise.
+    box.clear();
+    const QString second = QStringLiteral("x<y>.D77");
+    const QString arc2 = Archive("TWO.ZIP", {{"GAME.D77", Image()}, {second, Image(2048)}});
+    Item(1, arc2, "GAME.D77", 1, 1, second);
+    RunSelectedItem(11);
+    ASSERT_EQ(box.calls().size(), 1u);
+    EXPECT_EQ(box.calls()[0].text,
+              QStringLiteral("「x<y>.D77」は名前に \" * ? < > | のいずれかを含むため、XM7 for DOS "
+                             "には渡せません。"));
+    EXPECT_TRUE(Runs().empty());
+    EXPECT_TRUE(WorkFiles().isEmpty());
+}
