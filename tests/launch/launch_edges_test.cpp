@@ -2,8 +2,11 @@
 // everything the launch did is undone; a stale ".ORG" is kept before it goes; names that the
 // program didn't choose (catalogued images, archive members, files an emulator writes) mean
 // only themselves, whatever characters they hold.
+#include "adapters/Adapters.h"
 #include "data/Cfg.h"
+#include "launch/EmuAdapter.h"
 #include "launch/Launch.h"
+#include "launch/StartFailure.h"
 #include "support/LaunchFixture.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/TestEmu.h"
@@ -13,6 +16,9 @@
 #include <QFile>
 #include <QFileInfo>
 #include <gtest/gtest.h>
+
+#include <memory>
+#include <stdexcept>
 
 using namespace tv;
 using namespace tvtest;
@@ -156,6 +162,91 @@ TEST_F(LaunchEdges, WindowsProgramWithoutARunnerIsToldAndUndone)
     EXPECT_EQ(ReadFile(dir + "/M88.INI"), kUserM88Ini);
     EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
     EXPECT_TRUE(WorkFiles().isEmpty());
+    EXPECT_EQ(window_->refreshed, 1);
+}
+
+namespace {
+
+// An adapter for PC88Win whose branch writes the emulator's configuration and then starts the
+// test emulator, and which fails in a way chosen by the test: a runner that refuses the start
+// with its own reason, or a run-time error while the emulator runs.
+class FailingAdapter : public EmuAdapter {
+public:
+    enum class How { RunnerRefuses, ErrorDuringRun };
+    explicit FailingAdapter(How how) : EmuAdapter(tv::Emu::PC88Win), how_(how) {}
+    bool ready(const CfgRecord&, QString*) const override { return true; }
+    bool branch(LaunchState& st, EmuBranch& b) override
+    {
+        WriteFile(st.Dir + "/PC88WIN.INI", "written for the title");
+        if (how_ == How::RunnerRefuses)
+            throw EmulatorStartError(st.Exe, QStringLiteral("実行環境が決められていません。"));
+        b.cmd = LaunchCommand(st.Exe);
+        b.paste1 = st.Image;
+        return true;
+    }
+    void sendImageNames(const LaunchCommand&, const QString&, const QString&) const override
+    {
+        throw std::runtime_error("the keys can't be sent");
+    }
+
+private:
+    How how_;
+};
+
+struct AdaptersBack {
+    ~AdaptersBack() { RegisterAdapters(); }
+};
+
+} // namespace
+
+// A start refused with a reason of the runner's own: the message carries that reason, and the
+// launch is taken back as for any start that fails.
+TEST_F(LaunchEdges, ARunnersReasonReachesTheMessage)
+{
+    AdaptersBack back;
+    RegisterAdapter(tv::Emu::PC88Win,
+                    std::make_unique<FailingAdapter>(FailingAdapter::How::RunnerRefuses));
+    const QString dir = Emu(3);
+    WriteFile(dir + "/PC88WIN.INI", "users own");
+    Item(0, Plain("GAME.D88"), "GAME.D88");
+
+    ScriptedMsgBox box;
+    RunSelectedItem(3);
+
+    ASSERT_EQ(box.calls().size(), 1u);
+    EXPECT_EQ(box.calls()[0].flags, 16);
+    EXPECT_EQ(box.calls()[0].text, kStartFailed + dir + "/PC88WIN.EXE\r\n\r\n" +
+                                       QStringLiteral("実行環境が決められていません。"));
+    EXPECT_EQ(ReadFile(dir + "/PC88WIN.INI"), "users own");
+    EXPECT_FALSE(QFileInfo::exists(dir + "/PC88WIN.ORG"));
+    EXPECT_TRUE(WorkFiles().isEmpty());
+    EXPECT_EQ(window_->refreshed, 1);
+}
+
+// A run-time error while the emulator runs ends the launch without a word, but after the same
+// taking back: the user's configuration under its name, no ".ORG", WorkDir empty, the window
+// back and enabled, the detail pane shown anew.
+TEST_F(LaunchEdges, RunTimeErrorDuringTheRunIsTakenBack)
+{
+    AdaptersBack back;
+    RegisterAdapter(tv::Emu::PC88Win,
+                    std::make_unique<FailingAdapter>(FailingAdapter::How::ErrorDuringRun));
+    const QString dir = Emu(3);
+    WriteFile(dir + "/PC88WIN.INI", "users own");
+    const QString image = Plain("GAME.D88");
+    Item(0, image, "GAME.D88");
+
+    ScriptedMsgBox box;
+    RunSelectedItem(3);
+
+    EXPECT_TRUE(box.calls().empty());
+    EXPECT_EQ(ReadFile(dir + "/PC88WIN.INI"), "users own");
+    EXPECT_FALSE(QFileInfo::exists(dir + "/PC88WIN.ORG"));
+    EXPECT_TRUE(WorkFiles().isEmpty());
+    EXPECT_EQ(ReadFile(image), Image());
+    EXPECT_TRUE(window_->calls.lastIndexOf("Enable") > window_->calls.lastIndexOf("Disable"));
+    EXPECT_TRUE(window_->calls.lastIndexOf("RestoreMain") >
+                window_->calls.lastIndexOf("MinimiseMain"));
     EXPECT_EQ(window_->refreshed, 1);
 }
 
