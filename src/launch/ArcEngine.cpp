@@ -213,7 +213,7 @@ int ExtractFrom(ArcFormat format, archive* a, const QString& destDir,
         const QString target = dir + u'/' + name;
         const QFileInfo ti(target);
         if (ti.isDir())
-            continue; // never replace a directory (the holding directory "temp")
+            continue; // never replace a directory
         if (!options.overwrite && (ti.exists() || ti.isSymLink()))
             continue;
         if (progress)
@@ -436,8 +436,9 @@ QString SafeMemberName(const QString& storedPath)
         return {};
     for (QChar ch : s) {
         const char16_t u = ch.unicode();
-        if (u < 0x20 || u == 0x7f || u == u'*' || u == u'?' || u == u'"' || u == u'<' ||
-            u == u'>' || u == u'|' || ch.isSurrogate() || u == 0xfffd)
+        // " * ? < > | are names on this file system: such a member lands under its name, as a
+        // plain image of that name is copied.
+        if (u < 0x20 || u == 0x7f || ch.isSurrogate() || u == 0xfffd)
             return {};
     }
     const QString base = s.section(u'.', 0, 0).trimmed().toUpper();

@@ -48,8 +48,9 @@ int ExtractArchiveMemory(ArcFormat format, const QByteArray& data, const QString
 int PackDirectory(ArcFormat format, const QString& archivePath, const QString& srcDir,
                   const QString& pattern, ArcProgress* progress = nullptr);
 
-// The name under which a member lands: its bare name, or "" when it must be skipped ("." or
-// "..", empty, control characters, a device name such as "CON" or "LPT1.TXT").
+// The name under which a member lands: its bare name (" * ? < > | included), or "" when it
+// must be skipped ("." or "..", empty, control characters, a device name such as "CON" or
+// "LPT1.TXT").
 QString SafeMemberName(const QString& storedPath);
 // A stored member name: UTF-8 when it is valid UTF-8 with non-ASCII characters (names that
 // archivers flag as UTF-8), else Shift-JIS.

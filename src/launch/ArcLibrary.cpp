@@ -89,8 +89,12 @@ QStringList SplitArcCommandLine(const QString& cmdLine)
     QStringList out;
     QString cur;
     bool quoted = false, any = false;
-    for (QChar c : cmdLine) {
-        if (c == u'"') {
+    for (qsizetype i = 0; i < cmdLine.size(); ++i) {
+        const QChar c = cmdLine[i];
+        if (c == u'"' && quoted && i + 1 < cmdLine.size() && cmdLine[i + 1] == u'"') {
+            cur += c; // a doubled quote inside quotes is one quote of the name
+            ++i;
+        } else if (c == u'"') {
             quoted = !quoted;
             any = true;
         } else if (c == u' ' && !quoted) {

@@ -34,7 +34,8 @@ int32_t UnZipCommand(QObject* hWnd, const QString& cmdLine, QString& output, int
 int32_t ZipCommand(QObject* hWnd, const QString& cmdLine, QString& output, int32_t size);
 int32_t CabCommand(QObject* hWnd, const QString& cmdLine, QString& output, int32_t size);
 
-// Splits a command line at blanks; double quotes group and are dropped.
+// Splits a command line at blanks; double quotes group and are dropped, and inside them a
+// doubled quote stands for one quote of the name.
 QStringList SplitArcCommandLine(const QString& cmdLine);
 
 } // namespace tv

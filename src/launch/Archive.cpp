@@ -11,6 +11,14 @@ namespace tv {
 namespace {
 const QString Q = QStringLiteral("\"");
 
+// A name inside the double quotes of a command line: a double quote of the name itself is
+// doubled, so that a path that holds one (Linux allows it) stays one argument.
+QString QuoteSafe(const QString& text)
+{
+    QString t = text;
+    return t.replace(Q, Q + Q);
+}
+
 // Calls one library entry. Only a failure of the call itself (no library, no entry, a
 // run-time error inside) is told, with the critical icon; the library's own result is
 // returned as it is.
@@ -36,9 +44,9 @@ int32_t LzhPack(QObject* hWnd, const QString& ArcPath, const QString& SrcDir, in
 {
     QString cmd;
     if (ShowProgress == kArcFalse)
-        cmd = "a " + Q + ArcPath + Q + " " + Q + SrcDir + "\\*.*" + Q + " -n";
+        cmd = "a " + Q + QuoteSafe(ArcPath) + Q + " " + Q + QuoteSafe(SrcDir) + "\\*.*" + Q + " -n";
     else
-        cmd = "a " + Q + ArcPath + Q + " " + Q + SrcDir + "\\*.*" + Q;
+        cmd = "a " + Q + QuoteSafe(ArcPath) + Q + " " + Q + QuoteSafe(SrcDir) + "\\*.*" + Q;
     return CallLibrary(CurrentArcLibrary().Unlha, hWnd, cmd, kPackTitle,
                        QStringLiteral("LZH圧縮に失敗しました。"));
 }
@@ -47,11 +55,11 @@ int32_t ZipPack(QObject* hWnd, const QString& ArcPath, const QString& SrcDir, in
 {
     QString cmd;
     if (ShowProgress == kArcTrue)
-        cmd = "-j " + Q + ArcPath + Q + " " + Q + SrcDir + "\\*.*" + Q;
+        cmd = "-j " + Q + QuoteSafe(ArcPath) + Q + " " + Q + QuoteSafe(SrcDir) + "\\*.*" + Q;
     else
         // Kept as it has always been: the fixed part is one literal, so no quote opens
         // before ArcPath. No present caller reaches this line.
-        cmd = "-j -q & Chr$(34) " + ArcPath + Q + " " + Q + SrcDir + "\\*.*" + Q;
+        cmd = "-j -q & Chr$(34) " + ArcPath + Q + " " + Q + QuoteSafe(SrcDir) + "\\*.*" + Q;
     return CallLibrary(CurrentArcLibrary().Zip, hWnd, cmd, kPackTitle,
                        QStringLiteral("ZIP圧縮に失敗しました。"));
 }
@@ -60,9 +68,10 @@ int32_t CabPack(QObject* hWnd, const QString& ArcPath, const QString& SrcDir, in
 {
     QString cmd;
     if (ShowProgress == kArcFalse)
-        cmd = "-a -i " + Q + ArcPath + Q + " " + Q + SrcDir + "\\" + Q + " *.*";
+        cmd =
+            "-a -i " + Q + QuoteSafe(ArcPath) + Q + " " + Q + QuoteSafe(SrcDir) + "\\" + Q + " *.*";
     else
-        cmd = "-a " + Q + ArcPath + Q + " " + Q + SrcDir + "\\" + Q + " *.*";
+        cmd = "-a " + Q + QuoteSafe(ArcPath) + Q + " " + Q + QuoteSafe(SrcDir) + "\\" + Q + " *.*";
     return CallLibrary(CurrentArcLibrary().Cab, hWnd, cmd, kPackTitle,
                        QStringLiteral("CAB圧縮に失敗しました。"));
 }
@@ -70,9 +79,9 @@ int32_t CabPack(QObject* hWnd, const QString& ArcPath, const QString& SrcDir, in
 int32_t LzhMelt(QObject* hWnd, const QString& ArcPath, const QString& DestDir, const QString& Mask,
                 int16_t Overwrite, int16_t ShowProgress)
 {
-    QString cmd = "e " + Q + ArcPath + Q + " " + Q + DestDir + "\\" + Q;
+    QString cmd = "e " + Q + QuoteSafe(ArcPath) + Q + " " + Q + QuoteSafe(DestDir) + "\\" + Q;
     if (!Mask.isEmpty())
-        cmd += " " + Q + Mask + Q;
+        cmd += " " + Q + QuoteSafe(Mask) + Q;
     if (ShowProgress == kArcFalse)
         cmd += " -n";
     if (Overwrite == kArcTrue)
@@ -84,9 +93,9 @@ int32_t LzhMelt(QObject* hWnd, const QString& ArcPath, const QString& DestDir, c
 int32_t ZipMelt(QObject* hWnd, const QString& ArcPath, const QString& DestDir, const QString& Mask,
                 int16_t Overwrite, int16_t ShowProgress)
 {
-    QString cmd = Q + ArcPath + Q + " " + Q + DestDir + "\\" + Q;
+    QString cmd = Q + QuoteSafe(ArcPath) + Q + " " + Q + QuoteSafe(DestDir) + "\\" + Q;
     if (!Mask.isEmpty())
-        cmd += " " + Q + "*" + Mask + Q; // found by its name inside any subdirectory
+        cmd += " " + Q + "*" + QuoteSafe(Mask) + Q; // found by its name inside any subdirectory
     if (ShowProgress == kArcFalse)
         cmd = "--i " + cmd;
     if (Overwrite == kArcTrue)
@@ -99,9 +108,9 @@ int32_t ZipMelt(QObject* hWnd, const QString& ArcPath, const QString& DestDir, c
 int32_t CabMelt(QObject* hWnd, const QString& ArcPath, const QString& DestDir, const QString& Mask,
                 int16_t Overwrite, int16_t ShowProgress)
 {
-    QString cmd = Q + ArcPath + Q + " " + Q + DestDir + "\\" + Q;
+    QString cmd = Q + QuoteSafe(ArcPath) + Q + " " + Q + QuoteSafe(DestDir) + "\\" + Q;
     if (!Mask.isEmpty())
-        cmd += " " + Q + "*" + Mask + Q;
+        cmd += " " + Q + "*" + QuoteSafe(Mask) + Q;
     else
         cmd += " *.*";
     if (ShowProgress == kArcFalse)

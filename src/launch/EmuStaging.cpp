@@ -4,9 +4,14 @@
 #include "data/EmuRegistry.h"
 #include "launch/EmuAdapter.h"
 #include "launch/Recovery.h"
+#include "platform/FileOps.h"
 #include "platform/MsgBox.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
+
+#include <QDateTime>
+#include <QDir>
+#include <QFileInfo>
 
 namespace tv {
 
@@ -36,6 +41,33 @@ const EmuRow* PciDebugRow(int16_t EmuCode)
     return r && r->pciDebug ? r : nullptr;
 }
 
+// A backup still standing is the remainder of a launch that ended midway: the user's own file.
+// Before the rule removes it, it is kept under the configuration's own name in a recovery
+// directory beside the program, named with the date and the emulator, and the user is told
+// where, once for each file kept. Where nothing can be kept, the rule goes on as it was.
+void KeepStaleBackup(const EmuRow& row, const EmuConfigFiles& f, const QString& backup)
+{
+    const QString emu = QString::fromUtf8(row.listName).replace(u' ', u'_');
+    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd_HHmmss"));
+    QString dir = Join(AppDir, QStringLiteral("TORVRECOVER_") + stamp + u'_' + emu);
+    for (int n = 2; QFileInfo::exists(dir); ++n)
+        dir = Join(AppDir, QStringLiteral("TORVRECOVER_%1-%2_%3").arg(stamp).arg(n).arg(emu));
+    const QString kept = Join(dir, f.config);
+    const bool home = !AppDir.isEmpty() && QFileInfo(AppDir).isDir();
+    if (home && PlatformMakePath(dir) && ShellMove(backup, kept, 0)) {
+        const QString name = QString::fromUtf8(row.listName);
+        MsgBox(QStringLiteral("前回の起動で元に戻せなかった %1 の設定ファイルを、次の場所に"
+                              "保存しました。\r\n\r\n%2\r\n\r\n元の設定に戻すには、この"
+                              "ファイルを %1 のフォルダへコピーしてください。")
+                   .arg(name, kept),
+               MbInformation);
+        return;
+    }
+    if (home)
+        PlatformRemoveDir(dir);
+    ShellDelete(backup, 0);
+}
+
 } // namespace
 
 EmuConfigFiles GetEmuConfigFiles(int16_t EmuCode, uint8_t TuneUse)
@@ -54,9 +86,8 @@ bool BackupEmuConfig(int16_t EmuCode, bool Restore, uint8_t TuneUse)
     // The emulators come from a case-blind platform: "m88.ini" is their M88.INI as well.
     const QString config = ResolveFileNoCase(f.dir, f.config), backup = Join(f.dir, f.backup);
     if (!Restore) {
-        // A backup still standing is the remainder of a launch that failed midway.
         if (Exists(backup))
-            ShellDelete(backup, 0);
+            KeepStaleBackup(*FindEmu(EmuCode), f, backup);
         if (!Exists(config))
             return true;
         return ShellCopy(config, backup, 0);
@@ -67,8 +98,8 @@ bool BackupEmuConfig(int16_t EmuCode, bool Restore, uint8_t TuneUse)
     DeleteFileAnyCase(f.dir, f.config);
     if (ShellMove(backup, Join(f.dir, f.config), 0))
         return true;
-    // The user's file would stay under the backup name, which the next launch removes: it is
-    // kept in recovery now, and the user is told.
+    // The user's file would stay under the backup name until the next launch of the emulator:
+    // it is kept in recovery now, and the user is told.
     const QString kept = KeepInRecovery(backup);
     MsgBox(QStringLiteral("%1 を元に戻せませんでした。").arg(Join(f.dir, f.config)) +
                (kept.isEmpty()

@@ -1,7 +1,7 @@
 #include "launch/ExecEmulator.h"
 #include "data/Cfg.h"
-#include "launch/MainWindowLink.h"
 #include "launch/EmuAdapter.h"
+#include "launch/MainWindowLink.h"
 #include "platform/KeySend.h"
 #include "platform/Platform.h"
 #include "util/SubFunction.h"
@@ -79,7 +79,7 @@ void ExecEmulator(const LaunchCommand& CmdLine, int16_t EmuCode, const QString& 
     if (!proc.start(CmdLine)) {
         // The launch ends here; a main window left disabled could never be used again.
         EnableMain(true);
-        throw EmulatorStartError(("cannot start " + CmdLine.program).toStdString());
+        throw EmulatorStartError(CmdLine.program, StartFailureCause(CmdLine));
     }
     SetKeyTarget(proc.pid());
 

@@ -3,6 +3,7 @@
 // it to full screen, and wait for its end while the main window stays disabled but keeps
 // serving its events.
 #include "launch/LaunchCommand.h"
+#include "launch/StartFailure.h"
 
 #include <QString>
 #include <cstdint>
@@ -13,12 +14,6 @@
 class QProcess;
 
 namespace tv {
-
-// The start of a command failed; the launch ends as on any run-time error.
-class EmulatorStartError : public std::runtime_error {
-public:
-    using std::runtime_error::runtime_error;
-};
 
 // The exit code a process has while it is still running.
 inline constexpr int kStillActive = 259;
@@ -61,8 +56,8 @@ inline const QString kKeysRnd4m88FullScreen = QStringLiteral("%F");
 
 // Disables the main window, starts CmdLine, sends the image names and the full-screen keys,
 // starts RND4M88 when asked, waits for the end polling every 200 ms with events served, and
-// enables the main window. Throws EmulatorStartError when the start fails (the main window
-// is enabled again first).
+// enables the main window. Throws EmulatorStartError, with the cause, when the start fails
+// (the main window is enabled again first).
 void ExecEmulator(const LaunchCommand& CmdLine, int16_t EmuCode, const QString& Paste1,
                   const QString& Paste2, uint8_t AltFlag);
 

@@ -33,10 +33,9 @@ MemberListResult ListMembers(uint8_t mode, const QString& image, const QString& 
     // The walk drains WorkDir into TempDir and takes the first file anew each time, since a
     // pattern search doesn't survive the moves.
     const QString start = VbTrim(startFile).toUpper();
-    CleanTempDir();
-    QDir().mkpath(TempDir());
+    OpenTempDir();
     for (;;) {
-        const QString first = FindFile(WorkDir + QStringLiteral("/*"));
+        const QString first = FindFile(Matches(WorkDir, QStringLiteral("*")));
         if (first.isEmpty()) {
             break;
         }

@@ -21,6 +21,7 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <algorithm>
 #include <exception>
 
 namespace tv {
@@ -91,8 +92,21 @@ bool LaunchRoadReady(int EmuCode, const CfgRecord& cfg, QString* why)
 // ---------------------------------------------------------------------------------------
 // RunSelectedItem
 
+namespace {
+
+// A launch that ends without stage 3: WorkDir is emptied and the detail pane, with the status
+// text that the launch replaced, is shown anew.
+void EndWithoutRepack()
+{
+    CleanWorkDir();
+    Window().RefreshItemDetail();
+}
+
+} // namespace
+
 void RunSelectedItem(int16_t EmuCode)
 {
+    enum class Stage { One, Two, Three } stage = Stage::One;
     try {
         const bool selected = Window().HasSelectedItem();
         if (!selected) {
@@ -109,20 +123,22 @@ void RunSelectedItem(int16_t EmuCode)
         lastLaunchTimings.stage1Ns = t.nsecsElapsed();
         if (!prepared) {
             MsgBox(kPrepareErrorText, MbCritical, kEmuRunErrorCaption);
-            CleanWorkDir();
+            EndWithoutRepack();
             return;
         }
 
         const QString StartFile = LstObj.GetStartFileName();
         const QString SecondFile = LstObj.GetSecondFile();
+        stage = Stage::Two;
         if (!RunEmulatorItem(HardWare, EmuCode, StartFile, SecondFile, Cfg.DefOpt)) {
-            CleanWorkDir();
+            EndWithoutRepack();
             return;
         }
 
         ArcCheckFlag = LstObj.GetArcCheckFlag();
         const uint8_t ReArcCheckFlag = LstObj.GetReArcCheckFlag();
         const QString StartAgain = LstObj.GetStartFileName();
+        stage = Stage::Three;
         t.restart();
         const bool repacked =
             CheckRepack(HardWare, ArcCheckFlag, ReArcCheckFlag, JituFile, StartAgain, fileList);
@@ -130,10 +146,14 @@ void RunSelectedItem(int16_t EmuCode)
         if (!repacked)
             CleanWorkDir();
     } catch (const std::exception&) {
-        // A run-time error ends the launch silently; what stands in WorkDir stays there until
-        // the next CleanWorkDir. The window comes back so that the user isn't left without it.
+        // A run-time error ends the launch without a word. In stage 2 the frame has taken back
+        // what it did, so WorkDir is emptied as well; in stage 3 WorkDir may hold the changed
+        // image, which stays for the question of the next start.
         Window().SetMainEnabled(true);
         Window().RestoreMain();
+        if (stage == Stage::Two)
+            CleanWorkDir();
+        Window().RefreshItemDetail();
     }
 }
 
@@ -178,10 +198,9 @@ bool PrepareWorkDir(uint8_t HardWare, int16_t EmuCode, uint8_t ArcCheckFlag, QSt
     // Record each file's name and time. The walk drains WorkDir into TempDir and takes the
     // first match anew each time, since a pattern search can't survive the moves.
     fileList.clear();
-    CleanTempDir();
-    PlatformMakePath(TempDir());
+    OpenTempDir();
     for (;;) {
-        const QString first = FindFile(WorkDir + QStringLiteral("/*"));
+        const QString first = FindFile(Matches(WorkDir, QStringLiteral("*")));
         if (first.isEmpty())
             break;
         const QString name = QFileInfo(first).fileName();
@@ -229,20 +248,41 @@ QString GetWorkImageName(int16_t EmuCode, const QString& FileName)
 
 namespace {
 
+// A DOS emulator reaches files by 8.3 names only, and a name with one of " * ? < > | has
+// none: such an image in WorkDir is refused with a message rather than left out in silence.
+bool RefusedForDos(const LaunchState& st, const QString& name)
+{
+    static const QString kOdd = QStringLiteral("\"*?<>|");
+    const QString n = Trimmed(name);
+    if (!st.row.shortNames || FindNoCase(WorkDir, n).isEmpty() ||
+        std::none_of(n.begin(), n.end(), [](QChar c) { return kOdd.contains(c); }))
+        return false;
+    MsgBox(QStringLiteral("「%1」は名前に \" * ? < > | のいずれかを含むため、%2 には渡せません。")
+               .arg(n, QString::fromUtf8(st.row.listName)),
+           MbExclamation, kEmuRunErrorCaption);
+    return true;
+}
+
 // The images under the names the emulator reaches them by; false when the first is missing
-// or of a type the emulator doesn't take (the launch then ends without a word).
+// or of a type the emulator doesn't take (the launch then ends without a word), or when a
+// DOS emulator can't be given an image by its name (told).
 bool NameImages(LaunchState& st)
 {
     const int16_t code = st.row.code();
     st.Image = GetWorkImageName(code, st.StartFile);
-    if (st.Image.isEmpty())
+    if (st.Image.isEmpty()) {
+        RefusedForDos(st, st.StartFile);
         return false;
+    }
     st.ImageStem = st.Image;
     st.ImageExt = SplitFileExt(st.ImageStem).toUpper();
     // The PC-88 family takes the second disk as the record names it.
     if (st.HardWare == 1 || st.HardWare == 2) {
-        if (!Trimmed(st.SecondFile).isEmpty())
+        if (!Trimmed(st.SecondFile).isEmpty()) {
             st.Second = GetWorkImageName(code, st.SecondFile);
+            if (st.Second.isEmpty() && RefusedForDos(st, st.SecondFile))
+                return false;
+        }
     } else {
         st.Second = st.SecondFile;
     }
@@ -302,7 +342,10 @@ bool SplitDisk(LaunchState& st, Split& split)
 // the name on disk in case, and stage 3 looks for the name that stage 1 recorded.
 bool JoinDisk(Split& split)
 {
-    if (!split.done || D88Join(split.path, split.disks))
+    if (!split.done)
+        return true;
+    split.done = false; // joined once, whatever comes of it
+    if (D88Join(split.path, split.disks))
         return true;
     MsgBox(kJoinErrorText, MbCritical, kEmuRunErrorCaption);
     return false;
@@ -329,6 +372,13 @@ void UnstageAfterRun(EmuAdapter& adapter, LaunchState& st, uint8_t& pciFlag)
     BackupEmuConfig(EmuCode, true, st.TuneUse);
 }
 
+// The window back, brought to the front, with its events served.
+void WindowBack()
+{
+    Window().RestoreMain();
+    DoEvents();
+}
+
 // The emulator runs with WorkDir current and the main window minimised; the window comes
 // back when it has ended.
 void RunWithWindowAway(const EmuBranch& b, int16_t EmuCode)
@@ -336,8 +386,57 @@ void RunWithWindowAway(const EmuBranch& b, int16_t EmuCode)
     Window().MinimiseMain();
     ExecEmulator(b.cmd, EmuCode, b.paste1, b.paste2, b.altFlag);
     SleepMs(100);
-    Window().RestoreMain();
-    DoEvents();
+    WindowBack();
+}
+
+// An emulator that couldn't start is told, over the window that has come back.
+void TellStartFailure(const EmulatorStartError& e)
+{
+    WindowBack();
+    MsgBox(StartFailureText(e), MbCritical, kEmuRunErrorCaption);
+}
+
+// The frame from FMPAN to its end: staging after the backup, the split, the adapter's branch,
+// the run, the join and `takeBack`. A branch that can't make the emulator's configuration
+// ends the launch without a run, after `takeBack`; a failed split or join ends it as told
+// there, with what the frame keeps.
+bool ConfigureAndRun(EmuAdapter& adapter, LaunchState& st, Split& split, QElapsedTimer& t,
+                     const std::function<void()>& takeBack)
+{
+    const int16_t EmuCode = st.row.code();
+    // FMPAN and .PAT.
+    StageFmPan(st);
+    StagePat(st);
+    // The split of a multi-disk D88, before the branch that takes its pieces.
+    if (!SplitDisk(st, split))
+        return false;
+
+    // The adapter's branch.
+    st.Dir = st.row.dirOf(Cfg, st.TuneUse);
+    // The emulators come from a case-blind platform: "m88.exe" is M88.EXE as well.
+    st.Exe = ResolveFileNoCase(st.Dir, st.row.exeName());
+    EmuBranch b;
+    b.cmd = LaunchCommand(st.Exe);
+    if (!adapter.branch(st, b)) {
+        takeBack();
+        MsgBox(kConfWriteErrorText, MbCritical, kEmuRunErrorCaption);
+        return false;
+    }
+
+    // The run, from WorkDir.
+    QDir::setCurrent(WorkDir);
+    lastLaunchTimings.stage2StagingNs = t.nsecsElapsed();
+    RunWithWindowAway(b, EmuCode);
+    t.restart();
+
+    // The join; on failure nothing after it is done.
+    if (!JoinDisk(split)) {
+        lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
+        return false;
+    }
+    takeBack(); // the pieces are joined: the rest of the frame's end
+    lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
+    return true;
 }
 
 } // namespace
@@ -377,54 +476,25 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
         UnstageAfterRun(adapter, st, pciFlag);
         return false;
     }
-    // FMPAN and .PAT.
-    StageFmPan(st);
-    StagePat(st);
-    // The split of a multi-disk D88, before the branch that takes its pieces.
-    Split split;
-    if (!SplitDisk(st, split))
-        return false;
 
-    // The adapter's branch.
-    st.Dir = st.row.dirOf(Cfg, st.TuneUse);
-    // The emulators come from a case-blind platform: "m88.exe" is M88.EXE as well.
-    st.Exe = ResolveFileNoCase(st.Dir, st.row.exeName());
-    EmuBranch b;
-    b.cmd = LaunchCommand(st.Exe);
-    // A branch that can't make the emulator's configuration (a file it can't write, or a
-    // block it can't turn into text, a run-time error) ends the launch without a run; what was
-    // staged for the run goes back first, the user's file too.
-    auto undo = [&] {
+    // From here on, a launch that ends without its run takes back what it did, in the order
+    // of the frame's own end: pieces joined, staged files and save states out, the user's
+    // configuration back.
+    Split split;
+    auto takeBack = [&] {
         JoinDisk(split);
         UnstageAfterRun(adapter, st, pciFlag);
     };
-    bool branched = false;
     try {
-        branched = adapter.branch(st, b);
+        return ConfigureAndRun(adapter, st, split, t, takeBack);
+    } catch (const EmulatorStartError& e) {
+        TellStartFailure(e);
+        takeBack();
+        return false;
     } catch (const std::exception&) {
-        undo();
+        takeBack();
         throw;
     }
-    if (!branched) {
-        undo();
-        MsgBox(kConfWriteErrorText, MbCritical, kEmuRunErrorCaption);
-        return false;
-    }
-
-    // The run, from WorkDir.
-    QDir::setCurrent(WorkDir);
-    lastLaunchTimings.stage2StagingNs = t.nsecsElapsed();
-    RunWithWindowAway(b, EmuCode);
-    t.restart();
-
-    // The join; on failure nothing after it is done.
-    if (!JoinDisk(split)) {
-        lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
-        return false;
-    }
-    UnstageAfterRun(adapter, st, pciFlag);
-    lastLaunchTimings.stage2StagingNs += t.nsecsElapsed();
-    return true;
 }
 
 // ---------------------------------------------------------------------------------------

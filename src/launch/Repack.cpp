@@ -41,7 +41,7 @@ void KeepChangedMembers()
 {
     QString dir;
     for (;;) {
-        const QString f = FindFile(WorkDir + QStringLiteral("/*"));
+        const QString f = FindFile(Matches(WorkDir, QStringLiteral("*")));
         if (f.isEmpty())
             break;
         const QString kept = KeepInRecovery(InWork(f));
@@ -69,16 +69,32 @@ QString FileDateTimeText(const QString& path)
     return DateTimeText(fi.lastModified());
 }
 
+namespace {
+const QString kTempName = QStringLiteral("temp");
+QString g_tempName = kTempName; // the holding directory's name while a drain runs
+} // namespace
+
 QString TempDir()
 {
-    return WorkDir + QStringLiteral("/temp");
+    return InWork(g_tempName);
+}
+
+bool OpenTempDir()
+{
+    CleanTempDir();
+    g_tempName = kTempName;
+    // A member or an emulator's file may be called "temp": the holding directory takes a name
+    // that nothing in WorkDir has, so no file of the drain can meet it.
+    for (int n = 1; QFileInfo(TempDir()).exists() || QFileInfo(TempDir()).isSymLink(); ++n)
+        g_tempName = kTempName + QString::number(n);
+    return PlatformMakePath(TempDir());
 }
 
 void CleanWorkDir()
 {
-    if (FindFile(WorkDir + QStringLiteral("/*")).isEmpty())
+    if (FindFile(Matches(WorkDir, QStringLiteral("*"))).isEmpty())
         return;
-    ShellDelete(WorkDir + QStringLiteral("/*"), 0);
+    ShellDelete(Matches(WorkDir, QStringLiteral("*")), 0);
     // A file the pattern's delete left (it goes on past what it can't remove) gets a second
     // try of its own: what stays would be taken for part of the next title.
     const QStringList left =
@@ -89,19 +105,21 @@ void CleanWorkDir()
 
 void CleanTempDir()
 {
-    if (!QFileInfo(TempDir()).isDir())
-        return;
-    if (!FindFile(TempDir() + QStringLiteral("/*")).isEmpty())
-        ShellDelete(TempDir() + QStringLiteral("/*"), 0);
-    // The current directory may stand inside TempDir after a launch.
-    QDir::setCurrent(WorkDir);
-    PlatformRemoveDir(TempDir());
+    const QFileInfo held(TempDir());
+    if (held.isDir() && !held.isSymLink()) {
+        if (!FindFile(Matches(TempDir(), QStringLiteral("*"))).isEmpty())
+            ShellDelete(Matches(TempDir(), QStringLiteral("*")), 0);
+        // The current directory may stand inside TempDir after a launch.
+        QDir::setCurrent(WorkDir);
+        PlatformRemoveDir(TempDir());
+    }
+    g_tempName = kTempName;
 }
 
 void RestoreTempDir()
 {
     for (;;) {
-        const QString f = FindFile(TempDir() + QStringLiteral("/*"));
+        const QString f = FindFile(Matches(TempDir(), QStringLiteral("*")));
         if (f.isEmpty())
             break;
         ShellMove(TempDir() + u'/' + f, InWork(f), 0);
@@ -121,7 +139,7 @@ int16_t CheckRepack(uint8_t HardWare, uint8_t ArcCheckFlag, uint8_t ReArcCheckFl
         // A plain image: the image goes back over the catalogued file, changed or not;
         // anything else is something the emulator produced.
         for (;;) {
-            const QString f = FindFile(WorkDir + QStringLiteral("/*"));
+            const QString f = FindFile(Matches(WorkDir, QStringLiteral("*")));
             if (f.isEmpty())
                 break;
             // What can't be written where it belongs is kept, never deleted with WorkDir.
@@ -139,12 +157,11 @@ int16_t CheckRepack(uint8_t HardWare, uint8_t ArcCheckFlag, uint8_t ReArcCheckFl
 
     bool Changed = false;
     bool Found = false;
-    CleanTempDir();
-    PlatformMakePath(TempDir());
+    OpenTempDir();
     // One pass: members are held in TempDir, new files leave for SnapDir at once, so that the
     // re-pack sees members only.
     for (;;) {
-        const QString f = FindFile(WorkDir + QStringLiteral("/*"));
+        const QString f = FindFile(Matches(WorkDir, QStringLiteral("*")));
         if (f.isEmpty())
             break;
         for (const FileListRow& row : FileList) {

@@ -23,8 +23,13 @@ using FileList = std::vector<FileListRow>;
 QString FileDateTimeText(const QString& path);
 QString DateTimeText(const QDateTime& time);
 
-// WorkDir + "/temp", the holding place inside PrepareWorkDir and CheckRepack.
+// The holding directory of the drains of WorkDir (PrepareWorkDir, CheckRepack, the member
+// list): WorkDir + "/temp", or "temp1", "temp2", ... when a file of WorkDir (a member, or
+// something an emulator wrote) already has that name.
 QString TempDir();
+// Removes a holding directory left standing, chooses a name that no entry of WorkDir has, and
+// makes the directory; false when it can't be made.
+bool OpenTempDir();
 
 void CleanWorkDir();
 void CleanTempDir();

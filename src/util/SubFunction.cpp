@@ -26,11 +26,6 @@ qsizetype LastSep(const QString& s)
     return std::max(s.lastIndexOf(QLatin1Char('\\')), s.lastIndexOf(QLatin1Char('/')));
 }
 
-bool HasWildcard(const QString& s)
-{
-    return s.contains(QLatin1Char('*')) || s.contains(QLatin1Char('?'));
-}
-
 // "*" any run of characters, "?" one character, everything else literal, case-insensitive as
 // the names of the catalogues' home platform are. "*.*" matches names without a point too.
 QRegularExpression WildcardRegex(const QString& pattern)
@@ -217,17 +212,19 @@ bool MoveEntry(const QString& src, const QString& dst)
     return false;
 }
 
-// The sources an operation acts on: the matches of a pattern in the last component, or the
-// path itself.
-QFileInfoList ExpandSource(const QString& src, bool* pattern)
+// The directory part of a path ("." without one, "/" for the root).
+QString DirPart(const QString& path)
 {
-    const qsizetype sep = src.lastIndexOf(QLatin1Char('/'));
-    const QString name = src.mid(sep + 1);
-    *pattern = HasWildcard(name);
-    if (*pattern) {
-        const QString dir = sep < 0 ? QStringLiteral(".") : (sep == 0 ? "/" : src.left(sep));
-        return MatchEntries(dir, name, true);
-    }
+    const qsizetype sep = path.lastIndexOf(QLatin1Char('/'));
+    return sep < 0 ? QStringLiteral(".") : (sep == 0 ? QStringLiteral("/") : path.left(sep));
+}
+
+// The sources an operation acts on: the matches of a pattern in the last component (only
+// where the program made the pattern), or the path itself.
+QFileInfoList ExpandSource(const QString& src, bool pattern)
+{
+    if (pattern)
+        return MatchEntries(DirPart(src), src.mid(src.lastIndexOf(QLatin1Char('/')) + 1), true);
     return {QFileInfo(TrimTrailingSeparators(src))};
 }
 
@@ -252,10 +249,9 @@ bool Confirm(int operation, const QString& src, const QString& dst)
     return MsgBox(text, MbYesNo | MbQuestion | MbDefaultButton2, caption) == MbResYes;
 }
 
-bool PerformFileOp(const QString& src, const QString& dst, int operation)
+bool PerformFileOp(const QString& src, const QString& dst, int operation, bool pattern)
 {
-    bool pattern = false;
-    const QFileInfoList sources = ExpandSource(src, &pattern);
+    const QFileInfoList sources = ExpandSource(src, pattern);
     if (sources.isEmpty())
         return false;
     bool ok = true;
@@ -292,6 +288,45 @@ bool PerformFileOp(const QString& src, const QString& dst, int operation)
 bool Exists(const QString& path)
 {
     return FileExists(path) || DirExists(path);
+}
+
+bool AnyMatch(const NamePattern& pattern)
+{
+    return !FindFile(pattern, kAttrDirectory).isEmpty();
+}
+
+// The guarded operation on a literal path or on the matches of a pattern the program made.
+bool GuardedFileOp(const QString& source, bool pattern, const QString& target, int operation,
+                   uint8_t confirm)
+{
+    try {
+        const QString src = VbTrim(source);
+        // A pattern passes the guard's existence test when something matches it.
+        const bool guarded =
+            pattern ? IsSafeDir(src, 0, 1) &&
+                          AnyMatch({DirPart(src), src.mid(src.lastIndexOf(QLatin1Char('/')) + 1)})
+                    : IsSafeDir(source, 1, 1);
+        if (!guarded)
+            return false;
+        if (src.size() < 7)
+            return false;
+        QString dst;
+        if (operation != 3) {
+            if (!IsSafeDir(target, 0, 1))
+                return false;
+            // The source is measured again, not the target: kept as it always was.
+            if (src.size() < 7)
+                return false;
+            dst = VbTrim(target);
+        }
+        if (operation < 1 || operation > 3)
+            return false;
+        if (confirm == 1 && !Confirm(operation, src, dst))
+            return false;
+        return PerformFileOp(src, dst, operation, pattern);
+    } catch (...) {
+        return false;
+    }
 }
 
 bool IsValid83Name(const QString& name)
@@ -432,12 +467,8 @@ QString FindFile(const QString& path, int attribute)
         if (path.isEmpty() || path.contains(QChar(0)))
             return {};
         const bool withDirs = (attribute & kAttrDirectory) != 0;
-        const qsizetype sep = path.lastIndexOf(QLatin1Char('/'));
-        const QString dir =
-            sep < 0 ? QStringLiteral(".") : (sep == 0 ? QStringLiteral("/") : path.left(sep));
-        const QString name = path.mid(sep + 1);
-        if (HasWildcard(dir))
-            return {};
+        const QString dir = DirPart(path);
+        const QString name = path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
         if (name.isEmpty()) {
             // "dir/" looks into the directory: its own entry "." with the directory
             // attribute, else its first plain file.
@@ -448,18 +479,26 @@ QString FindFile(const QString& path, int attribute)
             const QFileInfoList files = MatchEntries(dir, QStringLiteral("*"), false);
             return files.isEmpty() ? QString() : files.first().fileName();
         }
-        if (HasWildcard(name)) {
-            if (!QFileInfo(dir).isDir())
-                return {};
-            const QFileInfoList found = MatchEntries(dir, name, withDirs);
-            return found.isEmpty() ? QString() : found.first().fileName();
-        }
         const QFileInfo fi(path);
         if (!fi.exists())
             return {};
         if (fi.isDir())
             return withDirs ? name : QString();
         return name;
+    } catch (...) {
+        return {};
+    }
+}
+
+QString FindFile(const NamePattern& pattern, int attribute)
+{
+    try {
+        if (pattern.glob.isEmpty() || pattern.path().contains(QChar(0)) ||
+            !QFileInfo(pattern.dir).isDir())
+            return {};
+        const QFileInfoList found =
+            MatchEntries(pattern.dir, pattern.glob, (attribute & kAttrDirectory) != 0);
+        return found.isEmpty() ? QString() : found.first().fileName();
     } catch (...) {
         return {};
     }
@@ -536,29 +575,7 @@ bool IsSafeDir(const QString& path, uint8_t kind, uint8_t network)
 
 bool ShellFileOp(const QString& source, const QString& target, int operation, uint8_t confirm)
 {
-    try {
-        if (!IsSafeDir(source, 1, 1))
-            return false;
-        const QString src = VbTrim(source);
-        if (src.size() < 7)
-            return false;
-        QString dst;
-        if (operation != 3) {
-            if (!IsSafeDir(target, 0, 1))
-                return false;
-            // The source is measured again, not the target: kept as it always was.
-            if (src.size() < 7)
-                return false;
-            dst = VbTrim(target);
-        }
-        if (operation < 1 || operation > 3)
-            return false;
-        if (confirm == 1 && !Confirm(operation, src, dst))
-            return false;
-        return PerformFileOp(src, dst, operation);
-    } catch (...) {
-        return false;
-    }
+    return GuardedFileOp(source, false, target, operation, confirm);
 }
 
 bool ShellDelete(const QString& path, uint8_t confirm)
@@ -580,6 +597,26 @@ bool ShellCopy(const QString& source, const QString& target, uint8_t confirm)
     if (!ShellFileOp(source, target, 2, confirm))
         return false;
     return Exists(VbTrim(source)) && Exists(VbTrim(target));
+}
+
+bool ShellFileOp(const NamePattern& source, const QString& target, int operation, uint8_t confirm)
+{
+    return GuardedFileOp(source.path(), true, target, operation, confirm);
+}
+
+bool ShellDelete(const NamePattern& pattern, uint8_t confirm)
+{
+    return ShellFileOp(pattern, QString(), 3, confirm) && !AnyMatch(pattern);
+}
+
+bool ShellMove(const NamePattern& source, const QString& target, uint8_t confirm)
+{
+    return ShellFileOp(source, target, 1, confirm) && !AnyMatch(source) && Exists(VbTrim(target));
+}
+
+bool ShellCopy(const NamePattern& source, const QString& target, uint8_t confirm)
+{
+    return ShellFileOp(source, target, 2, confirm) && AnyMatch(source) && Exists(VbTrim(target));
 }
 
 QString FitText(const QString& text, int lineWidth, int lineCount, int byteLimit)

@@ -32,13 +32,28 @@ QString GetSystemDir();
 QString GetWindowsDir();
 
 inline constexpr int kAttrDirectory = 16;
-// The name found for `path` (wildcards allowed), or "" on no match or any error. Plain files
-// only, unless `attribute` is 16, which lets directories match too. The path is native and
-// taken as it is (not trimmed). "*" and "?" in the last component match case-insensitively
-// (hidden names too) and give the first match by name, in its real spelling; a name without
-// wildcards is looked up as it is. "dir/" gives "." with attribute 16, else the first plain
+
+// A pattern that the program makes itself: "*" and "?" in `glob` match case-insensitively
+// (hidden names too), "*.*" matches names without a point as well. Every other path the
+// program handles is literal: a catalogued name, an archive member or a file an emulator
+// wrote may hold "*" or "?" and then means only itself.
+struct NamePattern {
+    QString dir;
+    QString glob;
+    QString path() const { return dir + QLatin1Char('/') + glob; }
+};
+inline NamePattern Matches(const QString& dir, const QString& glob)
+{
+    return {dir, glob};
+}
+
+// The name found for `path`, or "" when there is none or on any error. Plain files only,
+// unless `attribute` is 16, which lets directories match too. The path is native, taken as it
+// is (not trimmed) and literally. "dir/" gives "." with attribute 16, else the first plain
 // file in dir.
 QString FindFile(const QString& path, int attribute = 0);
+// The first match of a pattern by name, in its real spelling.
+QString FindFile(const NamePattern& pattern, int attribute = 0);
 // What "exists" means throughout the program, by FindFile: a plain file of that name; and a
 // name found with the directory attribute, which a directory or a plain file satisfies.
 bool FileExists(const QString& path);
@@ -63,9 +78,9 @@ void DeleteFileAnyCase(const QString& dir, const QString& name);
 bool IsSafeDir(const QString& path, uint8_t kind, uint8_t network);
 
 // operation: 1 move, 2 copy, 3 delete, of a file, a directory tree, or the matches of a
-// pattern in the last component. A single source into an existing directory goes inside it,
-// otherwise it takes the target's name (missing parent directories are made); the matches of
-// a pattern go into the target as a directory. Copies keep permissions and modification time;
+// pattern. A single source into an existing directory goes inside it, otherwise it takes the
+// target's name (missing parent directories are made); the matches of a pattern go into the
+// target as a directory. Copies keep permissions and modification time;
 // a copy over an existing file goes through a temporary name and an atomic rename. confirm 1 asks
 // the user first (yes/no, "No" as default), else silent. Guards: IsSafeDir of both paths and the
 // 7-character stop.
@@ -75,6 +90,12 @@ bool ShellFileOp(const QString& source, const QString& target, int operation, ui
 bool ShellDelete(const QString& path, uint8_t confirm);
 bool ShellMove(const QString& source, const QString& target, uint8_t confirm);
 bool ShellCopy(const QString& source, const QString& target, uint8_t confirm);
+// The same for the matches of a pattern: the guard wants one match at least; verification:
+// no match left / none left and the target there / matches and target there.
+bool ShellFileOp(const NamePattern& source, const QString& target, int operation, uint8_t confirm);
+bool ShellDelete(const NamePattern& pattern, uint8_t confirm);
+bool ShellMove(const NamePattern& source, const QString& target, uint8_t confirm);
+bool ShellCopy(const NamePattern& source, const QString& target, uint8_t confirm);
 
 // Breaks lines longer than lineWidth Shift-JIS bytes (lines end in CR LF), keeps lineCount
 // lines and cuts to byteLimit bytes; never leaves half a double-byte character or half a

@@ -259,7 +259,9 @@ TEST(ArcNames, SafeMemberName)
     EXPECT_EQ(SafeMemberName(QStringLiteral("a\x01"
                                             "b")),
               QString());
-    EXPECT_EQ(SafeMemberName(QStringLiteral("a*b")), QString());
+    // Names this file system allows and Windows doesn't are kept as they are.
+    EXPECT_EQ(SafeMemberName(QStringLiteral("a*b")), QStringLiteral("a*b"));
+    EXPECT_EQ(SafeMemberName(QStringLiteral("d/q\"<>|?.D88")), QStringLiteral("q\"<>|?.D88"));
 }
 
 TEST(ArcNames, DecodeMemberName)

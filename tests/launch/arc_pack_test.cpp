@@ -260,4 +260,8 @@ TEST(ArcCommandLine, SplitsAtBlanksOutsideQuotes)
               (QStringList{QStringLiteral("a"), QString(), QStringLiteral("b")}));
     EXPECT_EQ(SplitArcCommandLine(QStringLiteral("x/a.zip\" \"/s\\*.*\"")),
               QStringList{QStringLiteral("x/a.zip /s\\*.*")});
+    // Inside quotes a doubled quote is one quote of the name.
+    EXPECT_EQ(SplitArcCommandLine(QStringLiteral("e \"/i/GA\"\"ME.LZH\" \"/w\\\"")),
+              (QStringList{QStringLiteral("e"), QStringLiteral("/i/GA\"ME.LZH"),
+                           QStringLiteral("/w\\")}));
 }

@@ -68,6 +68,24 @@ TEST_F(ArchiveLines, LzhMelt)
     EXPECT_EQ(LastLib(), QStringLiteral("Unlha"));
 }
 
+// A double quote that a name itself holds is doubled inside the quotes of the line, so the
+// name stays one argument; names without one give the lines above unchanged.
+TEST_F(ArchiveLines, QuoteInANameIsDoubled)
+{
+    const QString odd = QStringLiteral("/i/GA\"ME.ZIP");
+    const QString oddDir = QStringLiteral("/o/a\"b");
+    ZipMelt(nullptr, odd, oddDir, QString(), T, T);
+    EXPECT_EQ(Last(), R"(-x -o "/i/GA""ME.ZIP" "/o/a""b\")");
+    ZipPack(nullptr, odd, oddDir, T);
+    EXPECT_EQ(Last(), R"(-j "/i/GA""ME.ZIP" "/o/a""b\*.*")");
+    LzhMelt(nullptr, QStringLiteral("/i/\"Q\".LZH"), dir, QString(), T, T);
+    EXPECT_EQ(Last(), R"(e "/i/""Q"".LZH" "/opt/tv/TORVBOOT\" -y)");
+    CabPack(nullptr, QStringLiteral("/i/C\".CAB"), dir, T);
+    EXPECT_EQ(Last(), R"(-a "/i/C"".CAB" "/opt/tv/TORVBOOT\" *.*)");
+    EXPECT_EQ(SplitArcCommandLine(Last()),
+              (QStringList{"-a", "/i/C\".CAB", "/opt/tv/TORVBOOT\\", "*.*"}));
+}
+
 TEST_F(ArchiveLines, ZipPackKeepsTheLineWithoutProgressAsItIs)
 {
     const QString zip = QStringLiteral("/home/u/My Games/Title.zip");

@@ -1,12 +1,14 @@
 #include "data/Cfg.h"
 #include "data/clsLst.h"
 #include "launch/EmuStaging.h"
-#include "util/Globals.h"
 #include "support/GuardedDirs.h"
+#include "support/ScriptedMsgBox.h"
+#include "util/Globals.h"
 
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
+#include <algorithm>
 #include <gtest/gtest.h>
 
 using namespace tv;
@@ -129,6 +131,38 @@ TEST_F(StagingTest, StaleBackupIsDeletedBeforeTheRunNeverRestored)
     Put(dir + "/XM7.ORG", "stale");
     BackupEmuConfig(12, false, 0);
     EXPECT_TRUE(Files(dir).isEmpty());
+}
+
+// Before it goes, a stale backup is kept beside the program under the configuration's name,
+// in a directory named with the date and the emulator; one box for each file kept.
+TEST_F(StagingTest, StaleBackupIsKeptInARecoveryDirectoryFirst)
+{
+    const QString savedApp = AppDir;
+    AppDir = root.path("app");
+    QDir().mkpath(AppDir);
+    const QString dir = root.path("xm7w");
+    Put(dir + "/XM7.ORG", "users own");
+    Put(dir + "/XM7.INI", "written for a title");
+    tvtest::ScriptedMsgBox box;
+    BackupEmuConfig(12, false, 0);
+    Put(dir + "/XM7.ORG", "users own again");
+    BackupEmuConfig(12, false, 0);
+
+    const QStringList kept = QDir(AppDir).entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    ASSERT_EQ(kept.size(), 2);
+    for (const QString& k : kept)
+        EXPECT_TRUE(k.startsWith("TORVRECOVER_") && k.endsWith("_XM7_for_Win32"))
+            << k.toStdString();
+    QByteArrayList contents{Get(AppDir + "/" + kept[0] + "/XM7.INI"),
+                            Get(AppDir + "/" + kept[1] + "/XM7.INI")};
+    std::sort(contents.begin(), contents.end());
+    EXPECT_EQ(contents, (QByteArrayList{"users own", "users own again"}));
+    EXPECT_EQ(Get(dir + "/XM7.ORG"), QByteArray("written for a title"));
+    ASSERT_EQ(box.calls().size(), 2u);
+    EXPECT_EQ(box.calls()[0].flags, 64);
+    EXPECT_TRUE(box.calls()[0].text.contains(AppDir + "/" + kept[0] + "/XM7.INI") ||
+                box.calls()[0].text.contains(AppDir + "/" + kept[1] + "/XM7.INI"));
+    AppDir = savedApp;
 }
 
 TEST_F(StagingTest, RestoreWithoutConfigMovesTheBackupBack)

@@ -178,8 +178,17 @@ TEST_F(LaunchFm7, Xm7WinUsersFileBackAfterTheEmulatorWroteIt)
     WriteFile(dir + "/XM7.ORG", "stale");
     Title("GAME.D77");
 
-    const TestEmuRun run = Launch(12);
+    ScriptedMsgBox box;
+    RunSelectedItem(12);
+    ASSERT_EQ(Runs().size(), 1u);
+    const TestEmuRun run = Runs().back();
 
+    // The stale backup was kept beside the program first, and the user told where.
+    ASSERT_EQ(box.calls().size(), 1u);
+    EXPECT_EQ(box.calls()[0].flags, 64);
+    const QStringList kept = QDir(AppDir).entryList({"TORVRECOVER_*_XM7_for_Win32"}, QDir::Dirs);
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(ReadFile(AppDir + "/" + kept[0] + "/XM7.INI"), "stale");
     EXPECT_TRUE(run.done.contains("change\t" + dir + "/XM7.INI"));
     EXPECT_EQ(ReadFile(dir + "/XM7.INI"), kUserXm7);
     EXPECT_FALSE(QFileInfo::exists(dir + "/XM7.ORG"));

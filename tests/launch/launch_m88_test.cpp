@@ -1,17 +1,17 @@
 // M88 from end to end with "既存INI使用" off (Cfg.M88CfgChk 0): the test emulator runs as
 // M88.EXE and records what it finds at its start; the checks look at that and at what stands
 // in M88's directory, M88SaveDir and WorkDir after the launch.
-#include "adapters/pc88/EmuOpt88.h"
 #include "adapters/m88/M88Ini.h"
+#include "adapters/pc88/EmuOpt88.h"
 #include "data/Cfg.h"
 #include "data/clsLst.h"
 #include "launch/Launch.h"
-#include "util/Globals.h"
-#include "util/Sjis.h"
 #include "support/GuardedDirs.h"
 #include "support/LaunchFixture.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/TestEmu.h"
+#include "util/Globals.h"
+#include "util/Sjis.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -300,8 +300,17 @@ TEST_F(LaunchM88, UsersIniIsBackAfterTheRun)
     WriteFile(dir_ + "/M88.ORG", "stale backup");
     Title("GAME.D88");
 
-    const TestEmuRun run = Launch();
+    ScriptedMsgBox box;
+    RunSelectedItem(2);
+    ASSERT_EQ(Runs().size(), 1u);
+    const TestEmuRun run = Runs().back();
 
+    // The stale backup was kept beside the program first, and the user told where.
+    ASSERT_EQ(box.calls().size(), 1u);
+    EXPECT_EQ(box.calls()[0].flags, 64);
+    const QStringList kept = QDir(AppDir).entryList({"TORVRECOVER_*_M88"}, QDir::Dirs);
+    ASSERT_EQ(kept.size(), 1);
+    EXPECT_EQ(ReadFile(AppDir + "/" + kept[0] + "/M88.INI"), "stale backup");
     EXPECT_EQ(run.shown.value(dir_ + "/M88.INI"), GeneratedIni(Cfg.CfgEmuOpt88));
     EXPECT_TRUE(run.done.contains("change\t" + dir_ + "/M88.INI"));
     EXPECT_EQ(ReadFile(dir_ + "/M88.INI"), user);

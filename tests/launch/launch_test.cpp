@@ -386,9 +386,9 @@ TEST_F(Launch, JoinFailureIsTold)
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
-// An emulator that can't start ends the launch silently; what the frame corrected in the
-// user's INI stays, with its ".ORG" beside it (the frame restores only on its normal road).
-TEST_F(Launch, EmulatorThatCantStartEndsSilently)
+// An emulator that can't start is told, and the frame takes back what it did: the INI that
+// it corrected for the run is the user's own again, and no ".ORG" stays beside it.
+TEST_F(Launch, EmulatorThatCantStartIsToldAndTakenBack)
 {
     Cfg.M88CfgChk = 1;
     const QString dir = r_ + "/emu/none";
@@ -399,15 +399,12 @@ TEST_F(Launch, EmulatorThatCantStartEndsSilently)
     Item(0, r_ + "/images/G.D88", "G.D88");
     ScriptedMsgBox box;
     RunSelectedItem(2);
-    EXPECT_TRUE(box.calls().empty());
-    QString v;
-    GetIniValue("M88p2 for Windows", "Flags", "", v, dir + "/M88.INI");
-    EXPECT_EQ(v, "3");
-    GetIniValue("M88p2 for Windows", "Directory", "", v, dir + "/M88.INI");
-    EXPECT_EQ(v, EmuPath(dir + "/M88.EXE", WorkDir));
-    GetIniValue("M88p2 for Windows", "BIOSPath", "", v, dir + "/M88.INI");
-    EXPECT_EQ(v, EmuPath(dir + "/M88.EXE", dir));
-    EXPECT_EQ(ReadFile(dir + "/M88.ORG"), "[M88p2 for Windows]\r\nFlags=1\r\n");
+    ASSERT_EQ(box.calls().size(), 1u);
+    EXPECT_EQ(box.calls()[0].caption, kEmuRunErrorCaption);
+    EXPECT_EQ(box.calls()[0].flags, 16);
+    EXPECT_EQ(ReadFile(dir + "/M88.INI"), "[M88p2 for Windows]\r\nFlags=1\r\n");
+    EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
+    EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
 TEST(LaunchRoads, AnEmulatorWithoutItsOwnAdapterIsNeverReadyAndSaysWhy)
@@ -534,24 +531,25 @@ TEST_F(Launch, M88GeneratedIniAndModulesComeBack)
     EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
 }
 
-// When the emulator can't start, the frame stops before its restore: the generated INI is
-// what stands in M88's directory, the user's beside it as ".ORG".
+// The INI that M88 finds at its start is the adapter's text for the defaults; the user's is
+// back after the run.
 TEST_F(Launch, M88GeneratedIniIsTheAdaptersText)
 {
     Cfg.M88CfgChk = 0;
     Cfg.DefOpt = 1;
-    const QString dir = r_ + "/emu/none";
-    QDir().mkpath(dir);
-    Cfg.M88Dir = dir;
+    const QString dir = r_ + "/emu/2";
+    Emu(2, {{"show", dir + "/M88.INI"}});
     WriteFile(dir + "/M88.INI", "user");
     WriteFile(r_ + "/images/G.D88", Image());
     Item(0, r_ + "/images/G.D88", "G.D88");
     ScriptedMsgBox box;
     RunSelectedItem(2);
     EXPECT_TRUE(box.calls().empty());
-    EXPECT_EQ(ReadFile(dir + "/M88.INI"),
+    ASSERT_EQ(Runs().size(), 1u);
+    EXPECT_EQ(Runs()[0].shown.value(dir + "/M88.INI"),
               ToSjis(MakeM88Ini(Cfg.CfgEmuOpt88)) + QByteArrayLiteral("\r\n"));
-    EXPECT_EQ(ReadFile(dir + "/M88.ORG"), "user");
+    EXPECT_EQ(ReadFile(dir + "/M88.INI"), "user");
+    EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
 }
 
 // A .PAT travels in under the stem of Image and never comes back; the FMPAN disk goes on the

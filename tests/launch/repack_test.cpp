@@ -3,11 +3,11 @@
 #include "launch/ArcLibrary.h"
 #include "launch/ArcTestUtil.h"
 #include "launch/Repack.h"
-#include "util/Globals.h"
-#include "util/SubFunction.h"
 #include "support/ProcessState.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/StubWindow.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QDateTime>
 #include <QFileInfo>
@@ -269,6 +269,30 @@ TEST_F(Repack, MemberDeletedByTheEmulator)
     CheckRepack(0, 1, 1, arc, QStringLiteral("GAME.D88"), list);
     EXPECT_EQ(ZipMembers(arc),
               (QStringList{QStringLiteral("DATA.D88"), QStringLiteral("GAME.D88")}));
+}
+
+TEST_F(Repack, MembersThatCantBeRepackedAreKeptInRecovery)
+{
+    tvtest::ScriptedMsgBox box;
+    AppDir = root.filePath(QStringLiteral("prog"));
+    const QString arc = MakeZipTitle();
+    FileList list = Stage1();
+    EmulatorWrites(QStringLiteral("GAME.D88"), "changed");
+    ArcLibrary failing = BuiltInArcLibrary();
+    failing.Zip = [](QObject*, const QString&, QString&, int32_t) { return 2; };
+    ArcLibrary old = SetArcLibrary(failing);
+    CheckRepack(0, 1, 1, arc, QStringLiteral("GAME.D88"), list);
+    SetArcLibrary(old);
+    const QStringList kept = QDir(AppDir).entryList({QStringLiteral("TORVRECOVER_*")}, QDir::Dirs);
+    ASSERT_EQ(kept.size(), 1);
+    const QString dir = AppDir + u'/' + kept[0];
+    EXPECT_EQ(ReadAll(dir + QStringLiteral("/GAME.D88")), QByteArray("changed"));
+    ASSERT_EQ(box.calls().size(), 2u);
+    EXPECT_EQ(box.calls()[0].text, QStringLiteral("再圧縮できませんでした"));
+    EXPECT_EQ(box.calls()[1].text,
+              QStringLiteral("変更されたイメージを次の場所に保存しました。\r\n\r\n") + dir);
+    EXPECT_EQ(box.calls()[1].flags, MbExclamation);
+    EXPECT_TRUE(Entries(WorkDir).isEmpty());
 }
 
 TEST_F(Repack, RepackFailureIsTold)

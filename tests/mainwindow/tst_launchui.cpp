@@ -219,6 +219,46 @@ private slots:
         QCOMPARE(int(TrayWindowState), 2);
     }
 
+    // The emulator's program is gone when the button is pressed: the message names it and
+    // says why, the user's INI is back under its name without an ".org", WorkDir is empty,
+    // and the window is back, enabled, with the title's status text.
+    void emulatorThatCantStartIsToldAndTheWindowComesBack()
+    {
+        Cfg.XmilCfgChk = 1;
+        const QByteArray users("[Xmillennium]\r\nStartDir=C:\\MINE\r\n");
+        QFile ini(r + "/emu/Xmillennium.ini");
+        QVERIFY(ini.open(QIODevice::WriteOnly));
+        ini.write(users);
+        ini.close();
+        QFile img(r + "/images/GAME.D88");
+        QVERIFY(img.open(QIODevice::WriteOnly));
+        img.write(QByteArray(1024, 'g'));
+        img.close();
+        select(0);
+        const QString statusBefore = ui->statusPanel1()->text();
+        QCOMPARE(statusBefore, ItemStatusText(LstObj));
+
+        tvtest::ScriptedMsgBox box;
+        launch->cmdEmuRun_Click(22);
+
+        QCOMPARE(int(box.calls().size()), 1);
+        QCOMPARE(box.calls()[0].flags, 16);
+        QCOMPARE(box.calls()[0].caption, QStringLiteral("Emu実行エラー"));
+        QCOMPARE(
+            box.calls()[0].text,
+            QStringLiteral("エミュレータを起動できませんでした。\r\n\r\n") + r +
+                QStringLiteral("/emu/Xmillennium.exe\r\n\r\nプログラムのファイルがありません。"));
+        QVERIFY(ini.open(QIODevice::ReadOnly));
+        QCOMPARE(ini.readAll(), users);
+        ini.close();
+        QVERIFY(!QFile::exists(r + "/emu/Xmillennium.org"));
+        QVERIFY(QDir(WorkDir).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).isEmpty());
+        QVERIFY(win->isEnabled());
+        QVERIFY(win->isVisible());
+        QVERIFY(!(win->windowState() & Qt::WindowMinimized));
+        QCOMPARE(ui->statusPanel1()->text(), statusBefore);
+    }
+
     void enterDoesNothingWhenTheDefaultButtonIsClosed()
     {
         Cfg.XmilCfgChk = 0;

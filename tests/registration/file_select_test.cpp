@@ -1,6 +1,7 @@
 // The members that the image file selection offers, from archives made by the outside
 // archivers, and the filter order of its fourth use.
 #include "data/Cfg.h"
+#include "launch/Archive.h"
 #include "launch/FileSelect.h"
 #include "launch/Repack.h"
 
@@ -175,4 +176,26 @@ TEST_F(FileSelectTest, FilterRowsOfOneColumn)
     Cfg.FilterOrder = savedOrder;
 }
 
+} // namespace
+
+namespace {
+// A member named "temp" (the holding directory's usual name) and members with " * ? < > |:
+// every image is offered, under its own name.
+TEST_F(FileSelectTest, MembersNamedTempOrWithOddCharactersAreAllOffered)
+{
+    const QString pack = dirs.path("pack");
+    ASSERT_TRUE(QDir().mkpath(pack));
+    for (const char* n : {"temp", "A.D88", "B*?.D88", "C<\"|>.D88", "Z.D88"})
+        ASSERT_TRUE(tvtest::WriteFile(pack + "/" + QString::fromUtf8(n), QByteArray(600, 'x')));
+    const QString arc = dirs.path("arc/ODD.ZIP");
+    QDir().mkpath(dirs.path("arc"));
+    ASSERT_EQ(ArcPack(nullptr, arc, pack, kArcTrue), 0);
+    QStringList members;
+    ASSERT_EQ(ListMembers(0, arc, QString(), members), MemberListResult::Ok);
+    members.sort();
+    EXPECT_EQ(members, (QStringList{"A.D88", "B*?.D88", "C<\"|>.D88", "Z.D88"}));
+    EXPECT_TRUE(boxes.calls().empty());
+    CleanWorkDir();
+    EXPECT_TRUE(WorkEmpty());
+}
 } // namespace

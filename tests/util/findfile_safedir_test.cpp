@@ -1,7 +1,7 @@
 // Existence tests and the path guard.
+#include "support/GuardedDirs.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
-#include "support/GuardedDirs.h"
 
 #include <QDir>
 #include <gtest/gtest.h>
@@ -57,25 +57,42 @@ TEST_F(FindFileTest, ExactNamesAreCaseSensitive)
 
 TEST_F(FindFileTest, PatternsMatchCaseInsensitivelyAndGiveTheRealName)
 {
-    EXPECT_EQ(FindFile(img + "/*.T88"), QStringLiteral("Beta.T88"));
-    EXPECT_EQ(FindFile(img + "/GAME.*"), QStringLiteral("game.d88"));
-    EXPECT_EQ(FindFile(img + "/gam?.d88"), QStringLiteral("game.d88"));
-    EXPECT_EQ(FindFile(img + "/*.cmt"), QString());
+    EXPECT_EQ(FindFile(Matches(img, "*.T88")), QStringLiteral("Beta.T88"));
+    EXPECT_EQ(FindFile(Matches(img, "*.t88")), QStringLiteral("Beta.T88"));
+    EXPECT_EQ(FindFile(Matches(img, "GAME.*")), QStringLiteral("game.d88"));
+    EXPECT_EQ(FindFile(Matches(img, "gam?.d88")), QStringLiteral("game.d88"));
+    EXPECT_EQ(FindFile(Matches(img, "*.cmt")), QString());
+    EXPECT_EQ(FindFile(Matches(img + "/none", "*")), QString());
+}
+
+// "*" and "?" in a path that the program didn't make as a pattern are characters of the name.
+TEST_F(FindFileTest, StarAndQuestionMarkInAPathAreLiteral)
+{
+    EXPECT_EQ(FindFile(img + "/*.T88"), QString());
+    EXPECT_EQ(FindFile(img + "/gam?.d88"), QString());
+    EXPECT_EQ(FindFile(img + "/*"), QString());
+    WriteFile(img + "/GAME*1?.D88", "odd");
+    EXPECT_EQ(FindFile(img + "/GAME*1?.D88"), QStringLiteral("GAME*1?.D88"));
+    EXPECT_EQ(FindFile(img + "/GAME*1?.d88"), QString());
+    QDir().mkpath(img + "/a*b");
+    WriteFile(img + "/a*b/x.d88", "x");
+    EXPECT_EQ(FindFile(img + "/a*b/x.d88"), QStringLiteral("x.d88"));
+    EXPECT_EQ(FindFile(img + "/a*b", 16), QStringLiteral("a*b"));
 }
 
 TEST_F(FindFileTest, PatternsSkipDirectoriesUnlessAttributeSixteen)
 {
     // "disks.d88" is a directory: with attribute 0 only plain files count.
-    EXPECT_EQ(FindFile(img + "/disk*"), QString());
-    EXPECT_EQ(FindFile(img + "/disk*", 16), QStringLiteral("disks.d88"));
-    EXPECT_EQ(FindFile(img + "/su?", 16), QStringLiteral("sub"));
+    EXPECT_EQ(FindFile(Matches(img, "disk*")), QString());
+    EXPECT_EQ(FindFile(Matches(img, "disk*"), 16), QStringLiteral("disks.d88"));
+    EXPECT_EQ(FindFile(Matches(img, "su?"), 16), QStringLiteral("sub"));
 }
 
 TEST_F(FindFileTest, FirstMatchByName)
 {
-    EXPECT_EQ(FindFile(img + "/*.d88"), QStringLiteral("[a]x.d88"));
-    EXPECT_EQ(FindFile(img + "/*"), QStringLiteral("[a]x.d88"));
-    EXPECT_EQ(FindFile(img + "/*.*"), QStringLiteral("[a]x.d88"));
+    EXPECT_EQ(FindFile(Matches(img, "*.d88")), QStringLiteral("[a]x.d88"));
+    EXPECT_EQ(FindFile(Matches(img, "*")), QStringLiteral("[a]x.d88"));
+    EXPECT_EQ(FindFile(Matches(img, "*.*")), QStringLiteral("[a]x.d88"));
 }
 
 TEST_F(FindFileTest, StarDotStarMatchesNamesWithoutPoint)
@@ -83,13 +100,13 @@ TEST_F(FindFileTest, StarDotStarMatchesNamesWithoutPoint)
     QDir(img).remove("game.d88");
     QDir(img).remove("Beta.T88");
     QDir(img).remove("[a]x.d88");
-    EXPECT_EQ(FindFile(img + "/*.*"), QStringLiteral("README"));
+    EXPECT_EQ(FindFile(Matches(img, "*.*")), QStringLiteral("README"));
 }
 
 TEST_F(FindFileTest, BracketsAreLiteral)
 {
     WriteFile(img + "/ax.d88", "a");
-    EXPECT_EQ(FindFile(img + "/[a]*"), QStringLiteral("[a]x.d88"));
+    EXPECT_EQ(FindFile(Matches(img, "[a]*")), QStringLiteral("[a]x.d88"));
     EXPECT_EQ(FindFile(img + "/[a]x.d88"), QStringLiteral("[a]x.d88"));
 }
 
@@ -102,8 +119,9 @@ TEST_F(FindFileTest, TrailingSeparatorLooksIntoDirectory)
     EXPECT_EQ(FindFile(img + "/none/", 16), QString());
 }
 
-TEST_F(FindFileTest, WildcardInDirectoryPartIsAnError)
+TEST_F(FindFileTest, WildcardInDirectoryPartIsLiteral)
 {
+    // "i*" would be a directory of that name, not a pattern for "img".
     EXPECT_EQ(FindFile(dirs.path("i*/game.d88")), QString());
 }
 
@@ -111,7 +129,7 @@ TEST_F(FindFileTest, HiddenNamesAreFound)
 {
     WriteFile(img + "/sub/.state", "s");
     EXPECT_EQ(FindFile(img + "/sub/.state"), QStringLiteral(".state"));
-    EXPECT_EQ(FindFile(img + "/sub/*"), QStringLiteral(".state"));
+    EXPECT_EQ(FindFile(Matches(img + "/sub", "*")), QStringLiteral(".state"));
 }
 
 namespace {
@@ -217,11 +235,12 @@ TEST_F(SafeDirTest, DirectoriesNotYetSetRefuseEverything)
     EXPECT_TRUE(IsSafeDir(dirs.app(), 3, 0));
 }
 
-TEST_F(SafeDirTest, PatternsPassWhenSomethingMatches)
+TEST_F(SafeDirTest, StarInAPathIsPartOfTheName)
 {
     WriteFile(dirs.app() + "/img/a.d88", "x");
-    EXPECT_TRUE(IsSafeDir(dirs.app() + "/img/*.D88", 1, 1));
-    EXPECT_FALSE(IsSafeDir(dirs.app() + "/img/*.T88", 1, 1));
+    EXPECT_FALSE(IsSafeDir(dirs.app() + "/img/*.D88", 1, 1));
+    WriteFile(dirs.app() + "/img/*.D88", "a file of that name");
+    EXPECT_TRUE(IsSafeDir(dirs.app() + "/img/*.D88", 2, 1));
 }
 
 TEST(FindFileNoCase, ExactNameFirstThenAnyCase)

@@ -1,9 +1,9 @@
 // Copy, move and delete with their guards and verification.
 #include "platform/FileOps.h"
-#include "util/Globals.h"
-#include "util/SubFunction.h"
 #include "support/GuardedDirs.h"
 #include "support/ScriptedMsgBox.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QDateTime>
 #include <QDir>
@@ -69,14 +69,38 @@ TEST_F(ShellOpTest, DeletePatternRemovesOnlyMatches)
     WriteFile(a + "/w/two.d88", "2");
     WriteFile(a + "/w/keep.t88", "k");
     QDir().mkpath(a + "/w/dir.d88");
-    EXPECT_TRUE(ShellDelete(a + "/w/*.d88", 0));
+    EXPECT_TRUE(ShellDelete(Matches(a + "/w", "*.d88"), 0));
     EXPECT_EQ(Entries(a + "/w"), QStringList{"keep.t88"});
+}
+
+// A name that the program didn't make is literal: "*" and "?" in it are characters of the
+// name, whatever else in the directory they would match.
+TEST_F(ShellOpTest, NamesWithStarAndQuestionMarkAreLiteral)
+{
+    WriteFile(a + "/w/GAME*1?.D88", "odd");
+    WriteFile(a + "/w/GAMEX1Z.D88", "lookalike");
+    EXPECT_TRUE(ShellCopy(a + "/w/GAME*1?.D88", a + "/work/GAME*1?.D88", 0));
+    EXPECT_EQ(Entries(a + "/work"), QStringList{"GAME*1?.D88"});
+    EXPECT_TRUE(QFileInfo(a + "/work/GAME*1?.D88").isFile());
+    EXPECT_EQ(ReadFile(a + "/work/GAME*1?.D88"), QByteArray("odd"));
+    WriteFile(a + "/work/*.D77", "written by an emulator");
+    WriteFile(a + "/work/GAME.D77", "image");
+    EXPECT_TRUE(ShellCopy(a + "/work/*.D77", a + "/snap/*.D77", 0));
+    EXPECT_EQ(Entries(a + "/snap"), QStringList{"*.D77"});
+    EXPECT_TRUE(QFileInfo(a + "/snap/*.D77").isFile());
+    EXPECT_TRUE(ShellDelete(a + "/work/*.D77", 0));
+    EXPECT_EQ(Entries(a + "/work"), (QStringList{"GAME*1?.D88", "GAME.D77"}));
+    EXPECT_TRUE(ShellMove(a + "/w/GAME*1?.D88", a + "/kept", 0));
+    EXPECT_EQ(Entries(a + "/w"), QStringList{"GAMEX1Z.D88"});
+    // A name that only a pattern would reach is not there.
+    EXPECT_FALSE(ShellDelete(a + "/w/GAME?1Z.D88", 0));
+    EXPECT_EQ(Entries(a + "/w"), QStringList{"GAMEX1Z.D88"});
 }
 
 TEST_F(ShellOpTest, DeleteOfMissingPathFails)
 {
     EXPECT_FALSE(ShellDelete(a + "/none.d88", 0));
-    EXPECT_FALSE(ShellDelete(a + "/*.none", 0));
+    EXPECT_FALSE(ShellDelete(Matches(a, "*.none"), 0));
 }
 
 TEST_F(ShellOpTest, DeleteOfShortPathFailsWithoutTouchingAnything)
@@ -231,11 +255,11 @@ TEST_F(ShellOpTest, CopyPatternIntoDirectory)
     WriteFile(a + "/w/A.D88", "a");
     WriteFile(a + "/w/b.d88", "b");
     WriteFile(a + "/w/c.t88", "c");
-    EXPECT_TRUE(ShellCopy(a + "/w/*.D88", a + "/out", 0));
+    EXPECT_TRUE(ShellCopy(Matches(a + "/w", "*.D88"), a + "/out", 0));
     EXPECT_EQ(Entries(a + "/out"), (QStringList{"A.D88", "b.d88"}));
     EXPECT_EQ(Entries(a + "/w").size(), 3);
     WriteFile(a + "/plainfile", "p");
-    EXPECT_FALSE(ShellCopy(a + "/w/*.D88", a + "/plainfile", 0));
+    EXPECT_FALSE(ShellCopy(Matches(a + "/w", "*.D88"), a + "/plainfile", 0));
 }
 
 TEST_F(ShellOpTest, MoveFileRenamesAndReplaces)
@@ -271,10 +295,10 @@ TEST_F(ShellOpTest, MovePatternAndVerification)
     WriteFile(a + "/w/1.sta", "1");
     WriteFile(a + "/w/2.STA", "2");
     WriteFile(a + "/w/k.d88", "k");
-    EXPECT_TRUE(ShellMove(a + "/w/*.sta", a + "/save", 0));
+    EXPECT_TRUE(ShellMove(Matches(a + "/w", "*.sta"), a + "/save", 0));
     EXPECT_EQ(Entries(a + "/save"), (QStringList{"1.sta", "2.STA"}));
     EXPECT_EQ(Entries(a + "/w"), QStringList{"k.d88"});
-    EXPECT_FALSE(ShellMove(a + "/w/*.sta", a + "/save", 0)); // nothing left to move
+    EXPECT_FALSE(ShellMove(Matches(a + "/w", "*.sta"), a + "/save", 0)); // nothing left to move
 }
 
 TEST_F(ShellOpTest, MoveOfTreeIntoItselfFails)

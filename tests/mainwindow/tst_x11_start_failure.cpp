@@ -1,0 +1,149 @@
+// The message of an emulator that can't be started, on a display: the main window is back on
+// the screen behind a critical box under "Emu実行エラー" that names the program and the cause;
+// after OK the window takes input again. With TORVANE_SHOTS naming a directory, the screen
+// with the box is written there as start_failure.png.
+#include "adapters/Adapters.h"
+#include "data/Cfg.h"
+#include "data/ItemDetail.h"
+#include "data/clsLst.h"
+#include "launch/Launch.h"
+#include "mainwindow/CatalogueUi.h"
+#include "mainwindow/LaunchUi.h"
+#include "mainwindow/MainCatalogue.h"
+#include "mainwindow/frmMain.h"
+#include "platform/MsgBoxQt_ui.h"
+#include "support/CatalogueBytes.h"
+#include "support/ProcessState.h"
+#include "util/Globals.h"
+#include "util/SubFunction.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QMessageBox>
+#include <QScreen>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+using namespace tv;
+
+class TstX11StartFailure : public QObject {
+    Q_OBJECT
+private slots:
+    void initTestCase() { RegisterAdapters(); }
+
+    void startFailureMessageOverTheWindow()
+    {
+        tvtest::ProcessState state;
+        QTemporaryDir root;
+        QVERIFY(root.isValid());
+        const QString r = root.path();
+        for (const char* d : {"app/TORVBOOT", "tmp", "images", "snap", "emu"})
+            QDir(r).mkpath(d);
+        AppDir = r + "/app";
+        WorkDir = AppDir + "/TORVBOOT";
+        EnvTmpDir = EnvTempDir = r + "/tmp";
+        PeekDir = EnvTmpDir + "/TORVBOOT";
+        WindowsDir = "/etc";
+        SystemDir = "/usr";
+        KeyPrefix = "K";
+        TitleClosed = 1;
+        InitTables();
+        SetDefaultCfg(Cfg);
+        Cfg.XmilUse = 1;
+        Cfg.XmilCfgChk = 1;
+        Cfg.XmilDir = r + "/emu";
+        Cfg.WinSendWait = 0;
+        ResolveCfgDirs(Cfg);
+        ImageDir[2] = r + "/images";
+        SnapDir[2] = r + "/snap";
+        NoImagePicture = QImage(8, 8, QImage::Format_RGB32);
+        NoImagePicture.fill(Qt::gray);
+        // An X millennium whose program isn't runnable here: a Windows program without Wine.
+        QFile exe(r + "/emu/Xmillennium.exe");
+        QVERIFY(exe.open(QIODevice::WriteOnly));
+        exe.write(QByteArray("MZ\x90\0", 4) + QByteArray(124, '\0'));
+        exe.close();
+        QFile::setPermissions(exe.fileName(), QFile::ReadOwner | QFile::WriteOwner);
+        const QByteArray users("[Xmillennium]\r\nStartDir=C:\\MINE\r\n");
+        QFile ini(r + "/emu/Xmillennium.ini");
+        QVERIFY(ini.open(QIODevice::WriteOnly));
+        ini.write(users);
+        ini.close();
+        QFile img(r + "/images/GAME.D88");
+        QVERIFY(img.open(QIODevice::WriteOnly));
+        img.write(QByteArray(1024, 'g'));
+        img.close();
+        QByteArray b = tvtest::LstHeaderBytes(2);
+        tvtest::LstFields f;
+        f.title = QStringLiteral("ゲーム");
+        f.start = QStringLiteral("GAME.D88");
+        f.jitu = r + "/images/GAME.D88";
+        f.defEmu = 2;
+        b += tvtest::MakeLstRecord(2, f);
+        QVERIFY(tvtest::WriteBytes(AppDir + "/TORVANE.LX1", b));
+        HardWare = 2;
+        TrayWindowState = 0;
+
+        frmMain win;
+        auto* catalogue = new MainCatalogue;
+        win.SetCatalogue(std::unique_ptr<MainCatalogue>(catalogue));
+        win.CreateLstObj();
+        QVERIFY(LstObj.InitLst(2));
+        CatalogueUi* ui = catalogue->Ui();
+        ui->LoadList();
+        win.resize(900, 600);
+        win.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&win));
+        win.lstD88->setCurrentIndex(ui->model()->index(0, 0));
+        win.lstD88->selectRow(0);
+        ui->ShowItemDetail();
+        const QString statusBefore = ui->statusPanel1()->text();
+
+        InstallQtMessageBoxes();
+        QString title, text;
+        QMessageBox::Icon icon = QMessageBox::NoIcon;
+        bool windowShownBehind = false;
+        const QString shots = qEnvironmentVariable("TORVANE_SHOTS");
+        bool saved = shots.isEmpty();
+        auto* watch = new QTimer(&win);
+        connect(watch, &QTimer::timeout, this, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box || !box->isVisible())
+                return;
+            watch->stop();
+            QTest::qWait(400); // let the window manager place and paint it
+            title = box->windowTitle();
+            text = box->text();
+            icon = box->icon();
+            windowShownBehind = win.isVisible() && !(win.windowState() & Qt::WindowMinimized);
+            if (!shots.isEmpty())
+                saved = QGuiApplication::primaryScreen()->grabWindow(0).save(
+                    shots + QStringLiteral("/start_failure.png"));
+            box->buttons().value(0)->click();
+        });
+        watch->start(50);
+        catalogue->Launch()->cmdEmuRun_Click(22);
+        SetMsgBoxHandler({});
+
+        QCOMPARE(title, QStringLiteral("Emu実行エラー"));
+        QCOMPARE(icon, QMessageBox::Critical);
+        QVERIFY(text.contains(r + "/emu/Xmillennium.exe"));
+        QVERIFY(text.contains(QStringLiteral("実行の許可がありません")));
+        QVERIFY(windowShownBehind);
+        QVERIFY(saved);
+        QVERIFY(win.isEnabled());
+        QCOMPARE(ui->statusPanel1()->text(), statusBefore);
+        QVERIFY(ini.open(QIODevice::ReadOnly));
+        QCOMPARE(ini.readAll(), users);
+        QVERIFY(!QFile::exists(r + "/emu/Xmillennium.org"));
+        QVERIFY(QDir(WorkDir).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).isEmpty());
+    }
+};
+
+QTEST_MAIN(TstX11StartFailure)
+#include "tst_x11_start_failure.moc"
