@@ -61,7 +61,6 @@ struct Owned {
 struct Scenario {
     const char* name;
     int16_t code;
-    QString configName; // the emulator's configuration file, "" when it has none
 };
 
 class FaultWalk : public LaunchFixture {
@@ -293,15 +292,15 @@ void FaultWalkTest::RunWalk(const Scenario& sc)
 
 TEST_F(FaultWalkTest, ZipTitleWithRepackOnXm7Win)
 {
-    RunWalk({"ZIP title re-packed (XM7win)", 12, "XM7.INI"});
+    RunWalk({"ZIP title re-packed (XM7win)", 12});
 }
 
 TEST_F(FaultWalkTest, PlainTitleWithCopyBackOnXm7Dos)
 {
-    RunWalk({"plain title copied back (XM7dos)", 11, ""});
+    RunWalk({"plain title copied back (XM7dos)", 11});
 }
 
 TEST_F(FaultWalkTest, M88WithItsIniAndModules)
 {
-    RunWalk({"M88 with INI and modules", 2, "M88.INI"});
+    RunWalk({"M88 with INI and modules", 2});
 }
