@@ -1,9 +1,9 @@
 // FitText on arbitrary text and limits: it never crashes, never exceeds its limits, never
 // ends in half a line break, and for text of the code page agrees with a literal cut done by
 // whole-text byte conversions.
-#include "support/FitTextReference.h"
 #include "util/Sjis.h"
 #include "util/SubFunction.h"
+#include "support/FitTextReference.h"
 
 #include <QString>
 #include <QStringList>
