@@ -124,6 +124,28 @@ TEST_F(RunnerRoad, WineStartsM88AsItWouldStartDirectly)
     EXPECT_TRUE(QFileInfo::exists(EnvTmpDir + "/torvane-M88.log"));
 }
 
+// A drive table gives the paths in M88's INI its drive; the next launch without one has "Z:".
+TEST_F(RunnerRoad, WineDriveTableReachesTheFilesWritten)
+{
+    Emu(2, {{"show", r_ + "/emu/2/M88.INI"}});
+    Title(0, "GAME.D88");
+    const QString zWork = QString("Z:" + WorkDir).replace('/', '\\');
+    const TestEmuRun direct = LaunchOnce(2);
+    ASSERT_TRUE(direct.shown.value(r_ + "/emu/2/M88.INI").contains(zWork.toLatin1()));
+
+    RunnerSettings s;
+    s.kind = RunnerKind::Wine;
+    s.wineProgram = bin_ + "/wine";
+    s.winePrefix = r_ + "/prefix";
+    s.driveTable = {"W:=" + r_ + "/app"};
+    Runners()[Emu::M88] = s;
+    const TestEmuRun wine = LaunchOnce(2);
+    const QByteArray ini = wine.shown.value(r_ + "/emu/2/M88.INI");
+    EXPECT_TRUE(ini.contains("W:\\TORVBOOT")) << ini.toStdString();
+    EXPECT_FALSE(ini.contains(zWork.toLatin1()));
+    EXPECT_EQ(ToWinePath(WorkDir), zWork);
+}
+
 TEST_F(RunnerRoad, DosBoxStartsX1rFromDWithCCurrent)
 {
     Emu(21);
