@@ -7,10 +7,11 @@
  *   PASTE <text>              the clipboard text at each Ctrl+V
  *   END <reason>              "alt-o" after Alt+O, or "timeout" after 20 seconds
  * It shows one window, which takes the keys; it ends after Alt+O or the timeout. */
+#include <windows.h>
+/* shellapi.h needs the types of windows.h first. */
 #include <shellapi.h>
 #include <stdio.h>
 #include <wchar.h>
-#include <windows.h>
 
 static void Line(const wchar_t* kind, const wchar_t* text)
 {
