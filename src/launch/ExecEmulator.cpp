@@ -98,13 +98,18 @@ bool StartDetached(const LaunchCommand& cmd)
 bool StartDetached(Emu emu, const LaunchCommand& cmd, QString* why)
 {
     auto outer = WrapCommand(emu, cmd, RunnerOf(emu), why);
-    // The generated files of a detached run stay: the runner reads them while it runs.
+    // The generated files of a detached run stay while it runs: the runner reads them.
     if (!outer || !CreateRunnerFiles(*outer, why))
         return false;
     QProcess p;
     Configure(p, *outer);
     qint64 pid = 0;
-    return p.startDetached(&pid);
+    if (!p.startDetached(&pid)) {
+        RemoveRunnerFiles(*outer);
+        return false;
+    }
+    NoteRunnerProcess(*outer, pid);
+    return true;
 }
 
 namespace {
@@ -146,6 +151,8 @@ void ExecEmulator(const LaunchCommand& CmdLine, int16_t EmuCode, const QString& 
         EnableMain(true);
         throw EmulatorStartError(("cannot start " + outer->program).toStdString());
     }
+    // Should the launcher die during the run, a later launch sweeps the files once it has ended.
+    NoteRunnerProcess(*outer, proc.pid());
     SetKeyTarget(proc.pid());
     SetClipSettle(outer->kind == RunnerKind::Wine ? kWineClipSettleMs : 0);
 

@@ -155,6 +155,9 @@ bool PrepareRunner(Emu emu, const QString& programPath, const QStringList& dosNa
 // removes them again after the run.
 bool CreateRunnerFiles(const RunnerCommand& cmd, QString* why);
 void RemoveRunnerFiles(const RunnerCommand& cmd);
+// Notes the process that uses the files. A detached start keeps its files while it runs (the
+// runner reads them then); the next creation removes those of processes that have ended.
+void NoteRunnerProcess(const RunnerCommand& cmd, int64_t pid);
 
 // The texts a refused launch shows (caption "Emu実行エラー").
 inline const QString kRunnerMissingText =

@@ -5,6 +5,7 @@
 // that needs more is refused before anything starts.
 #include "launch/Runner.h"
 
+#include "platform/Platform.h"
 #include "util/Globals.h"
 
 #include <QDir>
@@ -60,6 +61,30 @@ QString AsciiTempBase()
             return QStringLiteral("/tmp");
     }
     return base;
+}
+
+const QString kRunDirPrefix = QStringLiteral("torvane-run-");
+const QString kPidFile = QStringLiteral("pid");
+
+// The private directories beside `privateDir` whose noted process has ended: their entries go
+// one by one, so a link never takes what it points at with it.
+void SweepEnded(const QString& privateDir)
+{
+    QDir base = QFileInfo(privateDir).dir();
+    const QStringList dirs = base.entryList({kRunDirPrefix + u'*'}, QDir::Dirs | QDir::NoSymLinks);
+    for (const QString& name : dirs) {
+        const QString dir = base.filePath(name);
+        QFile pid(dir + u'/' + kPidFile);
+        if (!pid.open(QIODevice::ReadOnly))
+            continue;
+        if (ProcessRunning(pid.readAll().trimmed().toLongLong()))
+            continue;
+        pid.close();
+        for (const QString& entry :
+             {QStringLiteral("c"), QStringLiteral("d"), QStringLiteral("dosbox.conf"), kPidFile})
+            QFile::remove(dir + u'/' + entry);
+        base.rmdir(name);
+    }
 }
 
 QStringList FlavourArguments(DosBoxFlavour f, const QString& conf)
@@ -130,7 +155,7 @@ std::optional<RunnerCommand> WrapDosBox(const LaunchCommand& sp, const RunnerSet
                           .arg(tail.size())
                           .arg(kDosTailMax));
 
-    const QString priv = AsciiTempBase() + QStringLiteral("/torvane-run-") +
+    const QString priv = AsciiTempBase() + u'/' + kRunDirPrefix +
                          QString::number(QRandomGenerator::system()->generate(), 16);
     const QString conf = priv + QStringLiteral("/dosbox.conf");
     const QString text = QStringLiteral("[autoexec]\n"
@@ -162,6 +187,7 @@ bool CreateRunnerFiles(const RunnerCommand& cmd, QString* why)
         RemoveRunnerFiles(cmd);
         return false;
     };
+    SweepEnded(cmd.privateDir);
     // A directory that stands already is someone else's: never write into it.
     if (QFileInfo::exists(cmd.privateDir) || !QDir().mkdir(cmd.privateDir))
         return fail(cmd.privateDir);
@@ -188,7 +214,17 @@ void RemoveRunnerFiles(const RunnerCommand& cmd)
     // One by one: a link goes, never what it points at.
     for (const RunnerCommand::GeneratedFile& g : cmd.generated)
         QFile::remove(g.path);
+    QFile::remove(cmd.privateDir + u'/' + kPidFile);
     QDir().rmdir(cmd.privateDir);
+}
+
+void NoteRunnerProcess(const RunnerCommand& cmd, int64_t pid)
+{
+    if (cmd.privateDir.isEmpty())
+        return;
+    QFile f(cmd.privateDir + u'/' + kPidFile);
+    if (f.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        f.write(QByteArray::number(qlonglong(pid)));
 }
 
 } // namespace tv

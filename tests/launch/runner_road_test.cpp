@@ -376,4 +376,36 @@ TEST_F(RunnerRoad, TheBareEmulatorStartsThroughItsRunner)
     EXPECT_EQ(runs[1].args, (QStringList{bin_ + "/wine", dir + "/M88.EXE"}));
 }
 
+// A bare DOS emulator under DOSBox keeps its configuration while it runs; the next launch
+// through DOSBox, once it has ended, takes it away.
+TEST_F(RunnerRoad, ABareDosBoxStartsFilesGoAfterItEnds)
+{
+    Emu(21);
+    RunnerSettings s;
+    s.kind = RunnerKind::DosBox;
+    s.dosboxProgram = bin_ + "/dosbox";
+    Runners()[Emu::X1r] = s;
+    window_->hasSelectedItem = false;
+    HardWare = 2;
+    {
+        ScriptedMsgBox box;
+        RunSelectedItem(21);
+        EXPECT_TRUE(box.calls().empty());
+    }
+    EXPECT_EQ(RunDirs().size(), 1u);
+    QElapsedTimer t;
+    t.start();
+    while ((Runs().empty() || !Runs().back().exited) && t.elapsed() < 10000)
+        QThread::msleep(50);
+    ASSERT_FALSE(Runs().empty());
+    QThread::msleep(200); // the process is reaped by now
+    QFile::remove(log_);
+
+    window_->hasSelectedItem = true;
+    Title(2, "GAME.D88");
+    LaunchOnce(21);
+    EXPECT_TRUE(RunDirs().isEmpty());
+    EXPECT_TRUE(WorkFiles().isEmpty());
+}
+
 } // namespace

@@ -11,9 +11,11 @@
 #include "support/TestRunner.h"
 #include "util/Globals.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -384,6 +386,39 @@ TEST_F(RunnerTest, GeneratedFilesComeAndGoWithoutTouchingWhatTheyPointAt)
     EXPECT_FALSE(QFileInfo::exists(rc.privateDir));
     EXPECT_TRUE(QFile::exists(r_ + "/work/GAME.D88"));
     EXPECT_TRUE(QFile::exists(r_ + "/emu/X1R.COM"));
+}
+
+// Files kept for a detached start go once its process has ended, at the next creation; those of
+// a running process stay, and what the links point at is never touched.
+TEST_F(RunnerTest, FilesOfEndedProcessesAreSweptAtTheNextCreation)
+{
+    Write(r_ + "/work/GAME.D88", "disk");
+    Write(r_ + "/emu/X1R.COM", "\xcd\x20");
+    RunnerSettings s;
+    s.dosboxProgram = r_ + "/bin/dosbox";
+    LaunchCommand cmd(r_ + "/emu/X1R.COM");
+    const RunnerCommand ended = Wrap(Emu::X1r, cmd, s);
+    const RunnerCommand running = Wrap(Emu::X1r, cmd, s);
+    ASSERT_TRUE(CreateRunnerFiles(ended, nullptr));
+    ASSERT_TRUE(CreateRunnerFiles(running, nullptr));
+    QProcess gone;
+    gone.start("true");
+    ASSERT_TRUE(gone.waitForFinished(5000));
+    NoteRunnerProcess(ended, gone.processId());
+    NoteRunnerProcess(running, QCoreApplication::applicationPid());
+    // A directory without a noted process (a run of ours in progress) is left alone too.
+    const RunnerCommand inRun = Wrap(Emu::X1r, cmd, s);
+    ASSERT_TRUE(CreateRunnerFiles(inRun, nullptr));
+    EXPECT_FALSE(QFileInfo::exists(ended.privateDir));
+    EXPECT_TRUE(QFileInfo::exists(running.privateDir + "/dosbox.conf"));
+    EXPECT_TRUE(QFile::exists(r_ + "/work/GAME.D88"));
+    EXPECT_TRUE(QFile::exists(r_ + "/emu/X1R.COM"));
+    const RunnerCommand next = Wrap(Emu::X1r, cmd, s);
+    ASSERT_TRUE(CreateRunnerFiles(next, nullptr));
+    EXPECT_TRUE(QFileInfo::exists(inRun.privateDir + "/dosbox.conf"));
+    for (const RunnerCommand* rc : {&running, &inRun, &next})
+        RemoveRunnerFiles(*rc);
+    EXPECT_TRUE(QDir(r_ + "/tmp").entryList({"torvane-run-*"}, QDir::AllEntries).isEmpty());
 }
 
 TEST_F(RunnerTest, WinePathsThroughADriveTable)
