@@ -5,8 +5,8 @@
  *   CWD <directory>
  *   KEY <keys>                each key press with its modifiers: "Alt+F", "B", "Ctrl+V"
  *   PASTE <text>              the clipboard text at each Ctrl+V
- *   END <reason>              "alt-o" after Alt+O, or "timeout" after 20 seconds
- * It shows one window, which takes the keys; it ends after Alt+O or the timeout. */
+ *   END <reason>              "alt-o" at Alt+O, or "timeout" after 20 seconds
+ * It shows one window, which takes the keys; it ends shortly after Alt+O, or at the timeout. */
 #include <windows.h>
 /* shellapi.h needs the types of windows.h first. */
 #include <shellapi.h>
@@ -83,8 +83,10 @@ static LRESULT CALLBACK Proc(HWND w, UINT m, WPARAM wp, LPARAM lp)
         if (wp == 'V' && (GetKeyState(VK_CONTROL) & 0x8000))
             Paste(w);
         if (wp == 'O' && (GetKeyState(VK_MENU) & 0x8000)) {
+            /* A moment later, so the sender's question whether the keys were handled is
+               answered first. */
             Line(L"END", L"alt-o");
-            PostQuitMessage(0);
+            SetTimer(w, 2, 300, NULL);
         }
         return 0;
     case WM_SYSKEYUP:
@@ -96,7 +98,8 @@ static LRESULT CALLBACK Proc(HWND w, UINT m, WPARAM wp, LPARAM lp)
             return 0;
         break;
     case WM_TIMER:
-        Line(L"END", L"timeout");
+        if (wp == 1)
+            Line(L"END", L"timeout");
         PostQuitMessage(0);
         return 0;
     case WM_DESTROY:
