@@ -427,8 +427,11 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
         undo();
         return false;
     }
-    // A command the runner can't take (a tail too long for DOS) goes back like any launch.
-    if (QString why; !WrapCommand(st.row.emu, b.cmd, RunnerOf(st.row.emu), &why)) {
+    // A command the runner can't take (a tail too long for DOS), or a program other than the
+    // one checked before (the T-Tune build) whose runner isn't ready, goes back like any launch.
+    const RunnerSettings& runner = RunnerOf(st.row.emu);
+    if (QString why; !PrepareRunner(st.row.emu, st.Exe, {}, runner, &why) ||
+                     !WrapCommand(st.row.emu, b.cmd, runner, &why)) {
         undo();
         MsgBox(why, MbExclamation, kEmuRunErrorCaption);
         return false;
