@@ -314,6 +314,33 @@ TEST_F(RunnerRoad, APrefixThatCantBePreparedEndsTheLaunch)
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
+// P88SR takes its second disk by the name in the record: a long one DOS can't reach refuses
+// the launch before anything of the user's is touched (no backup of P88SR.CFG, no run).
+TEST_F(RunnerRoad, ANameDosCantReachIsToldBeforeAnythingIsTouched)
+{
+    Cfg.P88CfgChk = 0;
+    Cfg.PanUse = 0;
+    const QString dir = Emu(1);
+    WriteFile(dir + "/P88SR.CFG", "user's");
+    WriteFile(r_ + "/images/GAME.D88", Image());
+    Item(0, r_ + "/images/GAME.D88", "GAME.D88", 0, 0, "SECOND DISK.D88");
+    RunnerSettings s;
+    s.kind = RunnerKind::DosBox;
+    s.dosboxProgram = bin_ + "/dosbox";
+    Runners()[Emu::P88sr] = s;
+
+    ScriptedMsgBox box;
+    RunSelectedItem(1);
+
+    ASSERT_EQ(box.calls().size(), 1u);
+    EXPECT_EQ(box.calls()[0].text, kDosNameText.arg("「SECOND DISK.D88」に空白があります。"));
+    EXPECT_TRUE(Runs().empty());
+    EXPECT_EQ(QDir(dir).entryList(QDir::Files),
+              (QStringList{"P88SR.CFG", "P88SR.EXE", "testemu.ini"}));
+    EXPECT_EQ(ReadFile(dir + "/P88SR.CFG"), "user's");
+    EXPECT_TRUE(WorkFiles().isEmpty());
+}
+
 // A command that DOS can't carry, known only once the branch has made it, ends the launch with
 // everything put back as after any launch: here QUASI88, a Windows program, set to DOSBox,
 // whose directories are Wine paths.
