@@ -57,9 +57,9 @@ protected:
     QByteArray home_;
 };
 
-TEST_F(RunnerDosBoxReal, OurDosProgramFindsItsTailDiskAndStagedFiles)
+// The launch, with the emulator in `dir` and WorkDir where the fixture or the test put it.
+void RunDosCheck(const QString& root, const QString& dir)
 {
-    const QString dir = r_ + "/emu/23";
     QDir().mkpath(dir);
     ASSERT_TRUE(QFile::copy(kDosCheck, dir + "/X1EMU.EXE"));
     ASSERT_TRUE(WriteFile(dir + "/DOS4GW.EXE", "extender"));
@@ -68,30 +68,48 @@ TEST_F(RunnerDosBoxReal, OurDosProgramFindsItsTailDiskAndStagedFiles)
     RunnerSettings s;
     s.kind = RunnerKind::DosBox;
     Runners()[tv::Emu::X1emu] = s;
-    const QString image = r_ + "/images/GAME.D88";
+    const QString image = root + "/images/GAME.D88";
     ASSERT_TRUE(WriteFile(image, Image()));
-    Item(2, image, "GAME.D88");
+    LstObj.SetJituFile(image);
+    LstObj.SetStartFileName("GAME.D88");
+    LstObj.SetSecondFile(QString());
+    LstObj.SetArcCheckFlag(0);
+    LstObj.SetReArcCheckFlag(0);
+    HardWare = 2;
 
     QElapsedTimer t;
     t.start();
     ScriptedMsgBox box;
     RunSelectedItem(23);
-    const qint64 ms = t.elapsed();
-    std::printf("[ timing ] a launch through the real DOSBox took %lld ms\n", (long long)ms);
-
+    std::printf("[ timing ] a launch through the real DOSBox took %lld ms\n",
+                (long long)t.elapsed());
     EXPECT_TRUE(box.calls().empty()) << box.texts().join("|").toStdString();
-    const QString report = QString::fromLatin1(ReadFile(r_ + "/snap/REPORT.TXT"));
-    EXPECT_EQ(report, "DRIVE=C\r\n"
-                      "TAIL= GAME.D88\r\n"
-                      "GAME.D88 FOUND\r\n"
-                      "DOS4GW.EXE FOUND\r\n");
-    EXPECT_TRUE(WorkFiles().isEmpty());
+    EXPECT_EQ(QString::fromLatin1(ReadFile(root + "/snap/REPORT.TXT")), "DRIVE=C\r\n"
+                                                                        "TAIL= GAME.D88\r\n"
+                                                                        "GAME.D88 FOUND\r\n"
+                                                                        "DOS4GW.EXE FOUND\r\n");
+    EXPECT_TRUE(QDir(WorkDir).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).isEmpty());
     EXPECT_TRUE(
         QDir(EnvTmpDir)
             .entryList({"torvane-run-*"}, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
             .isEmpty());
     EXPECT_FALSE(QFile::exists(dir + "/REPORT.TXT"));
     EXPECT_EQ(ReadFile(dir + "/DOS4GW.EXE"), "extender");
+}
+
+TEST_F(RunnerDosBoxReal, OurDosProgramFindsItsTailDiskAndStagedFiles)
+{
+    RunDosCheck(r_, r_ + "/emu/23");
+}
+
+// DOS reaches WorkDir and the emulator's directory through ASCII links wherever they are:
+// here under names with Japanese and blanks.
+TEST_F(RunnerDosBoxReal, DirectoriesWithJapaneseAndBlanksAreReachedThroughLinks)
+{
+    AppDir = r_ + "/アプリ 1";
+    WorkDir = AppDir + "/TORVBOOT";
+    QDir().mkpath(WorkDir);
+    RunDosCheck(r_, r_ + "/エミュ 2");
 }
 
 } // namespace
