@@ -2,11 +2,13 @@
 #include "data/Cfg.h"
 #include "launch/EmuAdapter.h"
 #include "launch/MainWindowLink.h"
+#include "launch/Runner.h"
 #include "platform/KeySend.h"
 #include "platform/Platform.h"
 #include "util/SubFunction.h"
 
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 
 namespace tv {
@@ -21,6 +23,48 @@ bool EmuProcess::start(const LaunchCommand& cmd)
     proc_->setArguments(cmd.argumentValues());
     proc_->setWorkingDirectory(cmd.workingDir.isEmpty() ? QDir::currentPath() : cmd.workingDir);
     proc_->setProcessChannelMode(QProcess::ForwardedChannels);
+    proc_->start(QIODevice::ReadOnly);
+    if (!proc_->waitForStarted(-1)) {
+        proc_.reset();
+        return false;
+    }
+    return true;
+}
+
+namespace {
+
+// The outer command on a process: its environment over ours, stdin from nothing, stdout and
+// stderr appended to its output file (emptied first).
+void Configure(QProcess& p, const RunnerCommand& rc)
+{
+    p.setProgram(rc.program);
+    p.setArguments(rc.arguments);
+    p.setWorkingDirectory(rc.workingDir.isEmpty() ? QDir::currentPath() : rc.workingDir);
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    for (const QString& e : rc.environment) {
+        const qsizetype eq = e.indexOf(u'=');
+        if (eq > 0)
+            env.insert(e.left(eq), e.mid(eq + 1));
+    }
+    p.setProcessEnvironment(env);
+    p.setStandardInputFile(QProcess::nullDevice());
+    if (rc.outputFile.isEmpty()) {
+        p.setProcessChannelMode(QProcess::ForwardedChannels);
+        return;
+    }
+    QFile out(rc.outputFile);
+    if (out.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        out.close();
+    p.setStandardOutputFile(rc.outputFile, QIODevice::Append);
+    p.setStandardErrorFile(rc.outputFile, QIODevice::Append);
+}
+
+} // namespace
+
+bool EmuProcess::start(const RunnerCommand& cmd)
+{
+    proc_ = std::make_unique<QProcess>();
+    Configure(*proc_, cmd);
     proc_->start(QIODevice::ReadOnly);
     if (!proc_->waitForStarted(-1)) {
         proc_.reset();
@@ -51,6 +95,23 @@ bool StartDetached(const LaunchCommand& cmd)
                                    cmd.workingDir.isEmpty() ? QDir::currentPath() : cmd.workingDir);
 }
 
+bool StartDetached(Emu emu, const LaunchCommand& cmd, QString* why)
+{
+    auto outer = WrapCommand(emu, cmd, RunnerOf(emu), why);
+    // The generated files of a detached run stay while it runs: the runner reads them.
+    if (!outer || !CreateRunnerFiles(*outer, why))
+        return false;
+    QProcess p;
+    Configure(p, *outer);
+    qint64 pid = 0;
+    if (!p.startDetached(&pid)) {
+        RemoveRunnerFiles(*outer);
+        return false;
+    }
+    NoteRunnerProcess(*outer, pid);
+    return true;
+}
+
 namespace {
 
 void EnableMain(bool on)
@@ -75,13 +136,26 @@ void ExecEmulator(const LaunchCommand& CmdLine, int16_t EmuCode, const QString& 
                   const QString& Paste2, uint8_t AltFlag)
 {
     EnableMain(false);
-    EmuProcess proc;
-    if (!proc.start(CmdLine)) {
-        // The launch ends here; a main window left disabled could never be used again.
+    // The runner wraps the command; what it generates lives only for this run.
+    const Emu emu = static_cast<Emu>(EmuCode);
+    QString why;
+    auto outer = WrapCommand(emu, CmdLine, RunnerOf(emu), &why);
+    if (!outer || !CreateRunnerFiles(*outer, &why)) {
         EnableMain(true);
-        throw EmulatorStartError(CmdLine.program, StartFailureCause(CmdLine));
+        throw EmulatorStartError(CmdLine.program, why);
     }
+    EmuProcess proc;
+    if (!proc.start(*outer)) {
+        // The launch ends here; a main window left disabled could never be used again.
+        RemoveRunnerFiles(*outer);
+        EnableMain(true);
+        // The runner itself, or the emulator when it starts directly, is what failed.
+        throw EmulatorStartError(outer->program, StartFailureCause(LaunchCommand(outer->program)));
+    }
+    // Should the launcher die during the run, a later launch sweeps the files once it has ended.
+    NoteRunnerProcess(*outer, proc.pid());
     SetKeyTarget(proc.pid());
+    SetClipSettle(outer->kind == RunnerKind::Wine ? kWineClipSettleMs : 0);
 
     // The image names through the emulator's file dialogs, what starts beside it, and its
     // full-screen hot key.
@@ -100,7 +174,9 @@ void ExecEmulator(const LaunchCommand& CmdLine, int16_t EmuCode, const QString& 
         DoEvents();
     } while (code == kStillActive);
 
+    SetClipSettle(0);
     SetKeyTarget(0);
+    RemoveRunnerFiles(*outer);
     EnableMain(true);
 }
 

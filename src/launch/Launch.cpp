@@ -11,6 +11,7 @@
 #include "launch/LaunchCommand.h"
 #include "launch/MainWindowLink.h"
 #include "platform/FileOps.h"
+#include "launch/Runner.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
 #include "util/Globals.h"
@@ -379,6 +380,32 @@ void WindowBack()
     DoEvents();
 }
 
+// The emulator's runner can take this launch: its program is there, DOS reaches the names,
+// a Wine prefix is prepared. Told before anything of the user's is touched.
+bool RunnerReady(const LaunchState& st)
+{
+    const QString program = ResolveFileNoCase(st.row.dirOf(Cfg, 0), st.row.exeName());
+    QString why;
+    if (PrepareRunner(st.row.emu, program, {st.Image, st.Second}, RunnerOf(st.row.emu), &why))
+        return true;
+    MsgBox(why, MbExclamation, kEmuRunErrorCaption);
+    return false;
+}
+
+// While the branch makes the command and the files, the paths of an emulator under Wine go
+// through its drive table.
+struct WineDrives {
+    explicit WineDrives(const LaunchState& st)
+    {
+        const RunnerSettings& s = RunnerOf(st.row.emu);
+        if (!s.driveTable.isEmpty() && EffectiveRunner(st.row.emu, st.Exe, s) == RunnerKind::Wine)
+            SetWineDriveTable(s.driveTable);
+    }
+    ~WineDrives() { SetWineDriveTable({}); }
+    WineDrives(const WineDrives&) = delete;
+    WineDrives& operator=(const WineDrives&) = delete;
+};
+
 // The emulator runs with WorkDir current and the main window minimised; the window comes
 // back when it has ended.
 void RunWithWindowAway(const EmuBranch& b, int16_t EmuCode)
@@ -417,9 +444,23 @@ bool ConfigureAndRun(EmuAdapter& adapter, LaunchState& st, Split& split, QElapse
     st.Exe = ResolveFileNoCase(st.Dir, st.row.exeName());
     EmuBranch b;
     b.cmd = LaunchCommand(st.Exe);
-    if (!adapter.branch(st, b)) {
+    bool branched = false;
+    {
+        const WineDrives drives(st);
+        branched = adapter.branch(st, b);
+    }
+    if (!branched) {
         takeBack();
         MsgBox(kConfWriteErrorText, MbCritical, kEmuRunErrorCaption);
+        return false;
+    }
+    // A command the runner can't take (a tail too long for DOS), or a program other than the
+    // one checked before (the T-Tune build) whose runner isn't ready, goes back like any launch.
+    const RunnerSettings& runner = RunnerOf(st.row.emu);
+    if (QString why; !PrepareRunner(st.row.emu, st.Exe, {}, runner, &why) ||
+                     !WrapCommand(st.row.emu, b.cmd, runner, &why)) {
+        takeBack();
+        MsgBox(why, MbExclamation, kEmuRunErrorCaption);
         return false;
     }
 
@@ -461,6 +502,8 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
 
     // The images.
     if (!NameImages(st))
+        return false;
+    if (!RunnerReady(st))
         return false;
     // Module staging, save states in, the PCI driver.
     uint8_t pciFlag = 0;
@@ -520,7 +563,15 @@ void RunEmulatorOnly(uint8_t HardWare, int16_t EmuCode)
         if (!found.isEmpty())
             cmd.program = found;
     }
-    StartDetached(cmd);
+    // Through the emulator's runner; a start that fails is silent, as it always was, but a
+    // runner that can't take the command says why.
+    const Emu emu = static_cast<Emu>(EmuCode);
+    QString why;
+    if (!PrepareRunner(emu, cmd.program, {}, RunnerOf(emu), &why) ||
+        !StartDetached(emu, cmd, &why)) {
+        if (!why.isEmpty())
+            MsgBox(why, MbExclamation, kEmuRunErrorCaption);
+    }
 }
 
 } // namespace tv

@@ -2,6 +2,7 @@
 // The platform services the rest of the program uses. Nothing outside src/platform includes
 // an operating-system header.
 #include <QString>
+#include <cstdint>
 #include <memory>
 
 namespace tv {
@@ -38,6 +39,8 @@ std::unique_ptr<InstanceLock> AcquireInstanceLock(const QString& executablePath,
 QString InstanceLockPath(const QString& executablePath, const QString& lockDirectory = QString());
 
 void SleepMs(int ms);
+// Whether a process of this id is running (an ended one not yet reaped is not).
+bool ProcessRunning(int64_t pid);
 // Serves pending events of the event loop (the yield of the start-up and the launch waits).
 void DoEvents();
 

@@ -12,6 +12,7 @@
 
 #include <cerrno>
 #include <climits>
+#include <csignal>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -177,6 +178,22 @@ void DoEvents()
 {
     if (QCoreApplication::instance())
         QCoreApplication::processEvents();
+}
+
+bool ProcessRunning(int64_t pid)
+{
+    if (pid <= 0)
+        return false;
+    if (::kill(static_cast<pid_t>(pid), 0) != 0 && errno != EPERM)
+        return false;
+    // An ended process that nobody has reaped yet (a detached one under an init that doesn't
+    // reap) is a zombie: the state after the name in /proc/<pid>/stat.
+    QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
+    if (!stat.open(QIODevice::ReadOnly))
+        return true;
+    const QByteArray text = stat.read(512);
+    const qsizetype close = text.lastIndexOf(')');
+    return close < 0 || close + 2 >= text.size() || text[close + 2] != 'Z';
 }
 
 } // namespace tv
