@@ -1,21 +1,42 @@
 #include "launch/ExecEmulator.h"
 #include "data/Cfg.h"
-#include "launch/MainWindowLink.h"
 #include "launch/EmuAdapter.h"
+#include "launch/MainWindowLink.h"
 #include "platform/KeySend.h"
 #include "platform/Platform.h"
 #include "util/SubFunction.h"
 
 #include <QDir>
 #include <QProcess>
+#include <utility>
 
 namespace tv {
+
+namespace {
+
+ProcessRecorder*& Recorder()
+{
+    static ProcessRecorder* recorder = nullptr;
+    return recorder;
+}
+
+} // namespace
+
+ProcessRecorder* InstallProcessRecorder(ProcessRecorder* recorder)
+{
+    return std::exchange(Recorder(), recorder);
+}
 
 EmuProcess::EmuProcess() = default;
 EmuProcess::~EmuProcess() = default;
 
 bool EmuProcess::start(const LaunchCommand& cmd)
 {
+    if (ProcessRecorder* r = Recorder()) {
+        r->started(cmd, false);
+        recorded_ = true;
+        return true;
+    }
     proc_ = std::make_unique<QProcess>();
     proc_->setProgram(cmd.program);
     proc_->setArguments(cmd.argumentValues());
@@ -36,6 +57,8 @@ int64_t EmuProcess::pid() const
 
 int EmuProcess::exitCode()
 {
+    if (recorded_)
+        return 0;
     if (!proc_)
         return 1;
     if (proc_->state() != QProcess::NotRunning)
@@ -47,6 +70,10 @@ int EmuProcess::exitCode()
 
 bool StartDetached(const LaunchCommand& cmd)
 {
+    if (ProcessRecorder* r = Recorder()) {
+        r->started(cmd, true);
+        return true;
+    }
     return QProcess::startDetached(cmd.program, cmd.argumentValues(),
                                    cmd.workingDir.isEmpty() ? QDir::currentPath() : cmd.workingDir);
 }

@@ -23,6 +23,17 @@ public:
 // The exit code a process has while it is still running.
 inline constexpr int kStillActive = 259;
 
+// A dry run takes the place of the processes a launch starts: each start is handed to it
+// instead, and the process counts as ended at once with code 0. Null: processes start.
+class ProcessRecorder {
+public:
+    virtual ~ProcessRecorder() = default;
+    // The emulator's command (`detached` false, waited for), or a program started beside it.
+    virtual void started(const LaunchCommand& cmd, bool detached) = 0;
+};
+// Installs `recorder` (null: none) and returns the one it replaces.
+ProcessRecorder* InstallProcessRecorder(ProcessRecorder* recorder);
+
 // An emulator process started from a launch command, in the current directory unless the
 // command names one. Its output goes where the program's own goes.
 class EmuProcess {
@@ -40,6 +51,7 @@ public:
 
 private:
     std::unique_ptr<QProcess> proc_;
+    bool recorded_ = false; // handed to the dry run's recorder
 };
 
 // Starts a program without keeping anything of it.

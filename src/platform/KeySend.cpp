@@ -4,6 +4,7 @@
 #include <QDateTime>
 #include <QGuiApplication>
 #include <QSet>
+#include <utility>
 
 namespace tv {
 
@@ -13,6 +14,12 @@ std::vector<InputRecord>& Log()
 {
     static std::vector<InputRecord> log;
     return log;
+}
+
+bool& RecordOnly()
+{
+    static bool on = false;
+    return on;
 }
 
 int64_t& Target()
@@ -150,7 +157,7 @@ bool SendKeys(const QString& notation, bool wait)
     if (!strokes)
         return false;
     InputRecord rec{InputRecord::Keys, notation, false, QDateTime::currentMSecsSinceEpoch()};
-    if (detail::X11Available()) {
+    if (!RecordOnly() && detail::X11Available()) {
         if (Target() != 0)
             detail::X11WaitForFocus(Target(), kFocusWaitMs);
         rec.msecs = QDateTime::currentMSecsSinceEpoch();
@@ -162,10 +169,19 @@ bool SendKeys(const QString& notation, bool wait)
 
 void SetClipText(const QString& text)
 {
+    if (RecordOnly()) {
+        Log().push_back({InputRecord::Clip, text, false, QDateTime::currentMSecsSinceEpoch()});
+        return;
+    }
     QClipboard* cb = QGuiApplication::clipboard();
     cb->clear();
     cb->setText(text);
     Log().push_back({InputRecord::Clip, text, true, QDateTime::currentMSecsSinceEpoch()});
+}
+
+bool SetInputRecordOnly(bool on)
+{
+    return std::exchange(RecordOnly(), on);
 }
 
 void SetKeyTarget(int64_t pid)

@@ -33,9 +33,10 @@ std::optional<std::vector<KeyStroke>> ParseKeys(const QString& notation);
 
 struct InputRecord {
     enum Kind { Clip, Keys } kind = Keys;
-    QString text;           // the clipboard text, or the key notation
-    bool delivered = false; // keys sent to a display; clipboard texts are always set
-    int64_t msecs = 0;      // wall clock, milliseconds since the epoch
+    QString text; // the clipboard text, or the key notation
+    // Keys sent to a display; a clipboard text set (all but those of a dry run).
+    bool delivered = false;
+    int64_t msecs = 0; // wall clock, milliseconds since the epoch
 };
 
 // Sends a key sequence. `wait` asks to return only when the target has handled the keys.
@@ -49,6 +50,10 @@ void SetClipText(const QString& text);
 // wait (a few seconds at most) until a window of this process has the input focus, as a
 // program started with a focused window has it. 0 forgets the target.
 void SetKeyTarget(int64_t pid);
+
+// A dry run of a launch: sequences and clipboard texts are recorded as always, but no key is
+// sent and the clipboard is left as it is. Returns the setting it replaces.
+bool SetInputRecordOnly(bool on);
 
 // True when keys can be sent to an X11 display.
 bool KeyDeliveryAvailable();
