@@ -97,6 +97,7 @@ const QStringList kExpected = {
     "munOption|オプション(&O)",
     "  mnuOptionCfg|Emulator基本設定(&E)...|e",
     "  mnuOptionTORVOp|TORVANE ｵﾌﾟｼｮﾝ(&O)...|d",
+    "  mnuOptionRunner|ランナー設定(&R)...|e",
     "mnuHelp|ヘルプ(&H)",
     "  mnuHelpTORVANE|TORVANE ヘルプ(&H)|e",
     "  mnuHelpTopic|トピックの検索(&S)|e",
