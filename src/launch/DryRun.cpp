@@ -8,6 +8,7 @@
 #include "launch/Launch.h"
 #include "launch/MainWindowLink.h"
 #include "launch/RunnerCheck.h"
+#include "platform/MsgBox.h"
 #include "util/Globals.h"
 #include "util/Sjis.h"
 #include "util/SubFunction.h"
@@ -163,17 +164,20 @@ public:
         : r_(r), before_(before), dirs_(dirs), leftovers_(leftovers)
     {
     }
-    void started(const LaunchCommand& cmd, bool detached) override
+    void started(const LaunchCommand& cmd, const RunnerCommand* outer, bool detached) override
     {
         if (detached || r_.emulatorStarted) {
             LaunchCommand c = cmd;
             if (c.workingDir.isEmpty())
                 c.workingDir = QDir::currentPath();
             r_.companions.push_back(c);
+            r_.companionLines << (outer ? outer->shellLine() : QString());
             return;
         }
         r_.emulatorStarted = true;
         r_.specified = cmd;
+        if (outer)
+            r_.outer = *outer;
         r_.currentDir = cmd.workingDir.isEmpty() ? QDir::currentPath() : cmd.workingDir;
         r_.workDirAtStart = WorkDirEntries();
         Snapshot now;
@@ -217,7 +221,9 @@ struct Restore {
         Runners()[emu] = runner;
         HardWare = hardWare;
         QDir::setCurrent(cwd);
+        SetMsgBoxHandler(msgBox);
     }
+    MsgBoxHandler msgBox;
     ProcessRecorder* recorder = nullptr;
     bool recordOnly = false;
     MainWindowLink* window = nullptr;
@@ -241,6 +247,15 @@ DryRunReport DryRunSelected(Emu emu, const RunnerSettings& settings)
     }
     if (!WorkDirEntries().isEmpty()) {
         r.refusal = QStringLiteral("TORVBOOT にファイルが残っているため試験起動できません");
+        return r;
+    }
+    // Preparing a Wine prefix starts Wine for seconds; that is the first real launch's work.
+    const QString program = EmuProgramPath(emu);
+    if (EffectiveRunner(emu, program, settings) == RunnerKind::Wine &&
+        !WinePrefixPrepared(settings)) {
+        r.refusal = QStringLiteral("Wine の環境 %1 はまだ準備されていません。最初の起動で"
+                                   " wineboot -i が準備します（試験起動では準備しません）")
+                        .arg(WinePrefixOf(settings));
         return r;
     }
     r.titleSelected = Window().HasSelectedItem();
@@ -274,6 +289,12 @@ DryRunReport DryRunSelected(Emu emu, const RunnerSettings& settings)
         restore.runner = Runners()[emu];
         restore.hardWare = HardWare;
         restore.cwd = QDir::currentPath();
+        restore.msgBox = SetMsgBoxHandler([&r](const MsgBoxCall& c) {
+            r.messages << QStringLiteral("%1: %2").arg(c.caption, QString(c.text).replace(
+                                                                     QStringLiteral("\r\n"), QStringLiteral(" ")));
+            // Yes/no questions get "no": a dry run re-packs nothing.
+            return (c.flags & MbYesNo) ? int(MbResNo) : DefaultMsgBoxAnswer(c.flags);
+        });
         Runners()[emu] = settings;
         // The bare emulator starts for the family of its button.
         if (!r.titleSelected)
@@ -284,7 +305,7 @@ DryRunReport DryRunSelected(Emu emu, const RunnerSettings& settings)
     for (size_t i = inputFrom; i < log.size(); ++i)
         r.input.push_back(log[i]);
 
-    if (r.emulatorStarted) {
+    if (r.emulatorStarted && !r.outer) {
         QString outerWhy;
         r.outer = WrapCommand(emu, r.specified, settings, &outerWhy);
         r.outerRefusal = outerWhy;
@@ -384,8 +405,13 @@ QString OuterText(const DryRunReport& r)
 QString CompanionsText(const DryRunReport& r)
 {
     QString out;
-    for (const LaunchCommand& c : r.companions)
+    for (size_t i = 0; i < r.companions.size(); ++i) {
+        const LaunchCommand& c = r.companions[i];
         out += QStringLiteral("  %1（%2 で）\n").arg(c.text(), c.workingDir);
+        const QString line = r.companionLines.value(qsizetype(i));
+        if (!line.isEmpty() && line != c.text())
+            out += QStringLiteral("    外側: %1\n").arg(line);
+    }
     return out;
 }
 
@@ -397,6 +423,8 @@ QString CommandViewText(const DryRunReport& r)
     if (!r.refusal.isEmpty())
         return out + r.refusal + u'\n';
     if (!r.emulatorStarted) {
+        if (!r.messages.isEmpty())
+            out += QStringLiteral("表示されたメッセージ:\n  %1\n").arg(r.messages.join(QStringLiteral("\n  ")));
         if (!r.companions.empty())
             return out + QStringLiteral("Emulator だけを起動します（待たずに戻ります）:\n") +
                    CompanionsText(r);
@@ -444,6 +472,8 @@ QString DryRunReportText(const DryRunReport& r)
     }
     if (!r.companions.empty())
         out += QStringLiteral("一緒に起動するもの:\n") + CompanionsText(r);
+    if (!r.messages.isEmpty())
+        out += QStringLiteral("表示されたメッセージ:\n  %1\n").arg(r.messages.join(QStringLiteral("\n  ")));
     out += QStringLiteral("メインウィンドウ: %1\n")
                .arg(r.windowSteps.isEmpty() ? QStringLiteral("変化なし")
                                             : r.windowSteps.join(QStringLiteral(" → ")));

@@ -39,6 +39,7 @@ struct DryRunReport {
     LaunchCommand specified;
     QString currentDir; // where the emulator's command starts
     std::vector<LaunchCommand> companions;
+    QStringList companionLines; // each one's outer command as a shell line ("" without)
     // The outer command of the runner, or why the runner refuses it.
     std::optional<RunnerCommand> outer;
     QString outerRefusal;
@@ -48,6 +49,9 @@ struct DryRunReport {
     std::vector<DryRunFile> written;
     // What happened to the main window ("最小化", ...).
     QStringList windowSteps;
+    // The message boxes the road showed, answered with their default button (a question to
+    // re-pack with "no"): "caption: text".
+    QStringList messages;
 
     // After the road: what was left in WorkDir, and the files of the emulator's directories,
     // the snapshot directory and the image that differ from before (with a word on how).

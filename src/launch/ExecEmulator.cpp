@@ -2,11 +2,13 @@
 #include "data/Cfg.h"
 #include "launch/EmuAdapter.h"
 #include "launch/MainWindowLink.h"
+#include "launch/Runner.h"
 #include "platform/KeySend.h"
 #include "platform/Platform.h"
 #include "util/SubFunction.h"
 
 #include <QDir>
+#include <QFile>
 #include <QProcess>
 #include <utility>
 
@@ -33,7 +35,7 @@ EmuProcess::~EmuProcess() = default;
 bool EmuProcess::start(const LaunchCommand& cmd)
 {
     if (ProcessRecorder* r = Recorder()) {
-        r->started(cmd, false);
+        r->started(cmd, nullptr, false);
         recorded_ = true;
         return true;
     }
@@ -42,6 +44,53 @@ bool EmuProcess::start(const LaunchCommand& cmd)
     proc_->setArguments(cmd.argumentValues());
     proc_->setWorkingDirectory(cmd.workingDir.isEmpty() ? QDir::currentPath() : cmd.workingDir);
     proc_->setProcessChannelMode(QProcess::ForwardedChannels);
+    proc_->start(QIODevice::ReadOnly);
+    if (!proc_->waitForStarted(-1)) {
+        proc_.reset();
+        return false;
+    }
+    return true;
+}
+
+namespace {
+
+// The outer command on a process: its environment over ours, stdin from nothing, stdout and
+// stderr appended to its output file (emptied first).
+void Configure(QProcess& p, const RunnerCommand& rc)
+{
+    p.setProgram(rc.program);
+    p.setArguments(rc.arguments);
+    p.setWorkingDirectory(rc.workingDir.isEmpty() ? QDir::currentPath() : rc.workingDir);
+    QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+    for (const QString& e : rc.environment) {
+        const qsizetype eq = e.indexOf(u'=');
+        if (eq > 0)
+            env.insert(e.left(eq), e.mid(eq + 1));
+    }
+    p.setProcessEnvironment(env);
+    p.setStandardInputFile(QProcess::nullDevice());
+    if (rc.outputFile.isEmpty()) {
+        p.setProcessChannelMode(QProcess::ForwardedChannels);
+        return;
+    }
+    QFile out(rc.outputFile);
+    if (out.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        out.close();
+    p.setStandardOutputFile(rc.outputFile, QIODevice::Append);
+    p.setStandardErrorFile(rc.outputFile, QIODevice::Append);
+}
+
+} // namespace
+
+bool EmuProcess::start(const RunnerCommand& cmd, const LaunchCommand* specified)
+{
+    if (ProcessRecorder* r = Recorder()) {
+        r->started(specified ? *specified : LaunchCommand(cmd.program), &cmd, false);
+        recorded_ = true;
+        return true;
+    }
+    proc_ = std::make_unique<QProcess>();
+    Configure(*proc_, cmd);
     proc_->start(QIODevice::ReadOnly);
     if (!proc_->waitForStarted(-1)) {
         proc_.reset();
@@ -71,11 +120,27 @@ int EmuProcess::exitCode()
 bool StartDetached(const LaunchCommand& cmd)
 {
     if (ProcessRecorder* r = Recorder()) {
-        r->started(cmd, true);
+        r->started(cmd, nullptr, true);
         return true;
     }
     return QProcess::startDetached(cmd.program, cmd.argumentValues(),
                                    cmd.workingDir.isEmpty() ? QDir::currentPath() : cmd.workingDir);
+}
+
+bool StartDetached(Emu emu, const LaunchCommand& cmd, QString* why)
+{
+    auto outer = WrapCommand(emu, cmd, RunnerOf(emu), why);
+    if (ProcessRecorder* r = Recorder(); r && outer) {
+        r->started(cmd, &*outer, true);
+        return true;
+    }
+    // The generated files of a detached run stay: the runner reads them while it runs.
+    if (!outer || !CreateRunnerFiles(*outer, why))
+        return false;
+    QProcess p;
+    Configure(p, *outer);
+    qint64 pid = 0;
+    return p.startDetached(&pid);
 }
 
 namespace {
@@ -102,13 +167,23 @@ void ExecEmulator(const LaunchCommand& CmdLine, int16_t EmuCode, const QString& 
                   const QString& Paste2, uint8_t AltFlag)
 {
     EnableMain(false);
-    EmuProcess proc;
-    if (!proc.start(CmdLine)) {
-        // The launch ends here; a main window left disabled could never be used again.
+    // The runner wraps the command; what it generates lives only for this run.
+    const Emu emu = static_cast<Emu>(EmuCode);
+    QString why;
+    auto outer = WrapCommand(emu, CmdLine, RunnerOf(emu), &why);
+    if (!outer || !CreateRunnerFiles(*outer, &why)) {
         EnableMain(true);
-        throw EmulatorStartError(("cannot start " + CmdLine.program).toStdString());
+        throw EmulatorStartError(why.toStdString());
+    }
+    EmuProcess proc;
+    if (!proc.start(*outer, &CmdLine)) {
+        // The launch ends here; a main window left disabled could never be used again.
+        RemoveRunnerFiles(*outer);
+        EnableMain(true);
+        throw EmulatorStartError(("cannot start " + outer->program).toStdString());
     }
     SetKeyTarget(proc.pid());
+    SetClipSettle(outer->kind == RunnerKind::Wine ? kWineClipSettleMs : 0);
 
     // The image names through the emulator's file dialogs, what starts beside it, and its
     // full-screen hot key.
@@ -127,7 +202,9 @@ void ExecEmulator(const LaunchCommand& CmdLine, int16_t EmuCode, const QString& 
         DoEvents();
     } while (code == kStillActive);
 
+    SetClipSettle(0);
     SetKeyTarget(0);
+    RemoveRunnerFiles(*outer);
     EnableMain(true);
 }
 

@@ -10,6 +10,7 @@
 #include "launch/ExecEmulator.h"
 #include "launch/LaunchCommand.h"
 #include "launch/MainWindowLink.h"
+#include "launch/Runner.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
 #include "util/Globals.h"
@@ -324,6 +325,18 @@ void UnstageAfterRun(EmuAdapter& adapter, LaunchState& st, uint8_t& pciFlag)
     BackupEmuConfig(EmuCode, true, st.TuneUse);
 }
 
+// The emulator's runner can take this launch: its program is there, DOS reaches the names,
+// a Wine prefix is prepared. Told before anything of the user's is touched.
+bool RunnerReady(const LaunchState& st)
+{
+    const QString program = ResolveFileNoCase(st.row.dirOf(Cfg, 0), st.row.exeName());
+    QString why;
+    if (PrepareRunner(st.row.emu, program, {st.Image, st.Second}, RunnerOf(st.row.emu), &why))
+        return true;
+    MsgBox(why, MbExclamation, kEmuRunErrorCaption);
+    return false;
+}
+
 // The emulator runs with WorkDir current and the main window minimised; the window comes
 // back when it has ended.
 void RunWithWindowAway(const EmuBranch& b, int16_t EmuCode)
@@ -357,6 +370,8 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
 
     // The images.
     if (!NameImages(st))
+        return false;
+    if (!RunnerReady(st))
         return false;
     // Module staging, save states in, the PCI driver.
     uint8_t pciFlag = 0;
@@ -395,6 +410,12 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     }
     if (!branched) {
         undo();
+        return false;
+    }
+    // A command the runner can't take (a tail too long for DOS) goes back like any launch.
+    if (QString why; !WrapCommand(st.row.emu, b.cmd, RunnerOf(st.row.emu), &why)) {
+        undo();
+        MsgBox(why, MbExclamation, kEmuRunErrorCaption);
         return false;
     }
 
@@ -437,7 +458,15 @@ void RunEmulatorOnly(uint8_t HardWare, int16_t EmuCode)
         if (!found.isEmpty())
             cmd.program = found;
     }
-    StartDetached(cmd);
+    // Through the emulator's runner; a start that fails is silent, as it always was, but a
+    // runner that can't take the command says why.
+    const Emu emu = static_cast<Emu>(EmuCode);
+    QString why;
+    if (!PrepareRunner(emu, cmd.program, {}, RunnerOf(emu), &why) ||
+        !StartDetached(emu, cmd, &why)) {
+        if (!why.isEmpty())
+            MsgBox(why, MbExclamation, kEmuRunErrorCaption);
+    }
 }
 
 } // namespace tv

@@ -107,6 +107,8 @@ struct RunnerCommand {
     };
     std::vector<GeneratedFile> generated;
     RunnerKind kind = RunnerKind::Direct;
+    // The private directory that holds the generated files ("" when there are none).
+    QString privateDir;
     // The whole outer command as one shell line, with only the changed environment in front.
     QString shellLine() const;
 };
@@ -116,5 +118,55 @@ struct RunnerCommand {
 // caller tells the user and starts nothing.
 std::optional<RunnerCommand> WrapCommand(Emu emu, const LaunchCommand& specified,
                                          const RunnerSettings& s, QString* why);
+
+// --- What a launch does around the wrapped command ----------------------------------------
+
+// The program a runner kind starts for `emu` (the configured one, else its usual name; the
+// specified program for Direct), and whether it can be found (an absolute path that is an
+// executable file, or a bare name on the search path).
+QString RunnerProgram(RunnerKind kind, const RunnerSettings& s, const LaunchCommand& specified);
+bool RunnerProgramFound(const QString& program);
+
+// The Wine prefix a launch uses: the setting, else WINEPREFIX, else ~/.wine; it is prepared
+// once "system.reg" stands in it. The wineboot program beside the Wine program, else on the
+// search path.
+QString WinePrefixOf(const RunnerSettings& s);
+bool WinePrefixPrepared(const RunnerSettings& s);
+QString WinebootProgram(const RunnerSettings& s);
+
+// A native path in Wine's form through the drive table ("D:=/native/dir" entries, the longest
+// native prefix first), falling back to "Z:" + the path; a relative name gets "\" only.
+QString WinePathOf(const QString& nativePath, const QStringList& driveTable);
+
+// Why DOS can't reach `name` (a file name, or the path of names of an argument), or "" when
+// it can: ASCII only, no quote or blank, each part of at most 8 and 3 characters.
+QString DosNameProblem(const QString& name);
+// The longest command tail DOS passes to a program.
+inline constexpr int kDosTailMax = 126;
+
+// What stands between a launch of `emu` and its runner, checked before anything of the
+// user's is touched: the runner program is there, the names DOS must reach are reachable
+// (program and images), and a Wine prefix that was never prepared is prepared now
+// (`wineboot -i`, with a status text, the launch waiting for it). False with `why` set.
+bool PrepareRunner(Emu emu, const QString& programPath, const QStringList& dosNames,
+                   const RunnerSettings& s, QString* why);
+
+// Creates the private directory with the generated files and links of a wrapped command;
+// removes them again after the run.
+bool CreateRunnerFiles(const RunnerCommand& cmd, QString* why);
+void RemoveRunnerFiles(const RunnerCommand& cmd);
+
+// The texts a refused launch shows (caption "Emu実行エラー").
+inline const QString kRunnerMissingText =
+    QStringLiteral("エミュレータを起動するプログラム「%1」が見つかりません。\r\n\r\n"
+                   "インストールするか、ランナー設定でプログラムを指定してください。");
+inline const QString kDosNameText =
+    QStringLiteral("DOSBoxのDOSから届かない名前があるため、起動できません。\r\n\r\n%1");
+inline const QString kWinePrefixText =
+    QStringLiteral("Wineの環境「%1」を準備できませんでした。\r\n\r\n"
+                   "wineboot -i が失敗しました。ランナー設定を確認してください。");
+inline const QString kRunnerFilesText =
+    QStringLiteral("DOSBoxの設定ファイルを一時ディレクトリに作れませんでした。\r\n\r\n%1");
+inline const QString kWinePrepareStatusText = QStringLiteral("Wine環境を準備中．．");
 
 } // namespace tv

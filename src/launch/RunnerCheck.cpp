@@ -85,15 +85,10 @@ QString VersionLine(const QString& what, const QString& program, const QStringLi
     return Line("OK", QStringLiteral("%1: %2").arg(what, v.isEmpty() ? program : v));
 }
 
-QString WinePrefixDir(const RunnerSettings& s)
-{
-    return s.winePrefix.isEmpty() ? QDir::homePath() + QStringLiteral("/.wine") : s.winePrefix;
-}
-
 QString CheckWinePath(const RunnerSettings& s)
 {
     const QString ours = ToWinePath(WorkDir);
-    const QString prefix = WinePrefixDir(s);
+    const QString prefix = WinePrefixOf(s);
     // A call into a prefix that was never prepared would prepare it, which takes long and is
     // the first launch's business.
     if (!Probe().exists(prefix + QStringLiteral("/system.reg")))

@@ -1,7 +1,10 @@
 #include "platform/KeySend.h"
 
 #include <QClipboard>
+#include <QCoreApplication>
 #include <QDateTime>
+#include <QElapsedTimer>
+#include <QFile>
 #include <QGuiApplication>
 #include <QSet>
 #include <utility>
@@ -26,6 +29,12 @@ int64_t& Target()
 {
     static int64_t pid = 0;
     return pid;
+}
+
+int& Settle()
+{
+    static int ms = 0;
+    return ms;
 }
 
 // How long a sequence waits for the started program's window to take the focus.
@@ -176,12 +185,47 @@ void SetClipText(const QString& text)
     QClipboard* cb = QGuiApplication::clipboard();
     cb->clear();
     cb->setText(text);
+    if (Settle() > 0) {
+        if (cb->supportsSelection())
+            cb->setText(text, QClipboard::Selection);
+        QElapsedTimer t;
+        t.start();
+        while (t.elapsed() < Settle())
+            QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
+    }
     Log().push_back({InputRecord::Clip, text, true, QDateTime::currentMSecsSinceEpoch()});
 }
 
 bool SetInputRecordOnly(bool on)
 {
     return std::exchange(RecordOnly(), on);
+}
+
+void SetClipSettle(int settleMs)
+{
+    Settle() = settleMs < 0 ? 0 : settleMs;
+}
+
+bool ProcessDescendsFrom(int64_t pid, int64_t ancestor)
+{
+    // Up the parent chain through /proc/<pid>/stat, whose fourth field is the parent; the
+    // second (the name in parentheses) may hold blanks, so the fields count from its end.
+    for (int depth = 0; pid > 1 && depth < 64; ++depth) {
+        if (pid == ancestor)
+            return true;
+        QFile f(QStringLiteral("/proc/%1/stat").arg(pid));
+        if (!f.open(QIODevice::ReadOnly))
+            return false;
+        const QByteArray stat = f.read(512);
+        const qsizetype close = stat.lastIndexOf(')');
+        if (close < 0)
+            return false;
+        const QList<QByteArray> fields = stat.mid(close + 2).split(' ');
+        if (fields.size() < 2)
+            return false;
+        pid = fields[1].toLongLong();
+    }
+    return pid == ancestor && pid > 0;
 }
 
 void SetKeyTarget(int64_t pid)

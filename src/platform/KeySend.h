@@ -47,13 +47,22 @@ bool SendKeys(const QString& notation, bool wait = true);
 void SetClipText(const QString& text);
 
 // The process that has just been started for the user: before a sequence is sent, the keys
-// wait (a few seconds at most) until a window of this process has the input focus, as a
-// program started with a focused window has it. 0 forgets the target.
+// wait (a few seconds at most) until a window of this process, or of a process it started
+// (a runner's emulator), has the input focus, as a program started with a focused window has
+// it. 0 forgets the target.
 void SetKeyTarget(int64_t pid);
 
 // A dry run of a launch: sequences and clipboard texts are recorded as always, but no key is
 // sent and the clipboard is left as it is. Returns the setting it replaces.
 bool SetInputRecordOnly(bool on);
+// For a target that reads the X11 selections through a bridge of its own (Wine): a non-zero
+// value puts each clipboard text on PRIMARY as well as on CLIPBOARD and then serves events
+// for that many milliseconds, so the bridge can fetch the text before the keys that paste it.
+// 0 (the default) sets the clipboard only.
+void SetClipSettle(int settleMs);
+
+// True when `pid` is `ancestor` or one of its descendants (Linux /proc; false elsewhere).
+bool ProcessDescendsFrom(int64_t pid, int64_t ancestor);
 
 // True when keys can be sent to an X11 display.
 bool KeyDeliveryAvailable();

@@ -221,7 +221,10 @@ bool X11WaitForFocus(int64_t pid, int timeoutMs)
     QElapsedTimer t;
     t.start();
     for (;;) {
-        if (FocusedAncestor(x, [&](Window w) { return WindowPid(x, w) == pid; }))
+        if (FocusedAncestor(x, [&](Window w) {
+                const int64_t owner = WindowPid(x, w);
+                return owner == pid || (owner > 0 && ProcessDescendsFrom(owner, pid));
+            }))
             return true;
         if (t.elapsed() >= timeoutMs)
             return false;

@@ -105,7 +105,7 @@ public:
             return;
         const QString rnd = row().dirOf() + QStringLiteral("/RND4M88.EXE");
         if (IsSafeDir(rnd, 2, 0))
-            StartDetached(LaunchCommand(rnd));
+            StartDetached(Emu::M88, LaunchCommand(rnd)); // with M88's runner
     }
 
     QString fullScreenKeys(uint8_t AltFlag) const override
