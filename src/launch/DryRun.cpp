@@ -290,8 +290,8 @@ DryRunReport DryRunSelected(Emu emu, const RunnerSettings& settings)
         restore.hardWare = HardWare;
         restore.cwd = QDir::currentPath();
         restore.msgBox = SetMsgBoxHandler([&r](const MsgBoxCall& c) {
-            r.messages << QStringLiteral("%1: %2").arg(c.caption, QString(c.text).replace(
-                                                                     QStringLiteral("\r\n"), QStringLiteral(" ")));
+            r.messages << QStringLiteral("%1: %2").arg(
+                c.caption, QString(c.text).replace(QStringLiteral("\r\n"), QStringLiteral(" ")));
             // Yes/no questions get "no": a dry run re-packs nothing.
             return (c.flags & MbYesNo) ? int(MbResNo) : DefaultMsgBoxAnswer(c.flags);
         });
@@ -319,8 +319,19 @@ DryRunReport DryRunSelected(Emu emu, const RunnerSettings& settings)
     AddDir(after, SnapDir[row.family]);
     if (r.titleSelected)
         AddFile(after, ImagePath(row.family));
+    // A configuration that the emulator didn't have stays as the launch wrote it, by design.
+    for (const auto& [path, digest] : after) {
+        const QString name = QFileInfo(path).fileName();
+        const bool config =
+            (row.config && name.compare(QLatin1String(row.config), Qt::CaseInsensitive) == 0) ||
+            (row.configAlt && name.compare(QLatin1String(row.configAlt), Qt::CaseInsensitive) == 0);
+        if (config && !before.count(path)) {
+            r.keptConfigs << path;
+            before[path] = digest;
+        }
+    }
     r.notRestored = Differences(before, after);
-    r.comparedFiles = int(before.size());
+    r.comparedFiles = int(before.size() - size_t(r.keptConfigs.size()));
     return r;
 }
 
@@ -347,12 +358,22 @@ QString Indented(const QString& text, int lines = kShownLines)
     return out;
 }
 
-// A file as a person reads it: its text (configuration files are Shift-JIS), or its size.
-QString FileText(const DryRunFile& f)
+// "新規", "変更", or for the emulator's backup name what it holds.
+QString HowWritten(const DryRunReport& r, const DryRunFile& f)
 {
-    const QString head = QStringLiteral("  %1（%2、%3 バイト）\n")
-                             .arg(f.path, f.isNew ? QStringLiteral("新規") : QStringLiteral("変更"))
-                             .arg(f.bytes.size());
+    const EmuRow& row = RowOf(r.emu);
+    const QString name = QFileInfo(f.path).fileName();
+    for (const char* backup : {row.backup, row.backupAlt})
+        if (backup && name.compare(QLatin1String(backup), Qt::CaseInsensitive) == 0)
+            return QStringLiteral("利用者の設定の控え");
+    return f.isNew ? QStringLiteral("新規") : QStringLiteral("変更");
+}
+
+// A file as a person reads it: its text (configuration files are Shift-JIS), or its size.
+QString FileText(const DryRunReport& r, const DryRunFile& f)
+{
+    const QString head =
+        QStringLiteral("  %1（%2、%3 バイト）\n").arg(f.path, HowWritten(r, f)).arg(f.bytes.size());
     if (f.bytes.contains('\0') || f.bytes.size() > 64 * 1024)
         return head;
     return head + Indented(FromSjis(f.bytes));
@@ -382,6 +403,9 @@ QString OuterText(const DryRunReport& r)
 {
     if (!r.outer)
         return QStringLiteral("ランナーが起動を断ります: %1\n").arg(r.outerRefusal);
+    if (r.outer->shellLine() == r.specified.text() && r.outer->generated.empty())
+        return QStringLiteral("ランナー: %1（指定のコマンドラインをそのまま起動）\n")
+            .arg(RunnerKindText(r.outer->kind));
     QString out = QStringLiteral("ランナー: %1\n外側のコマンド:\n  %2\n")
                       .arg(RunnerKindText(r.outer->kind), r.outer->shellLine());
     out += QStringLiteral("外側の作業ディレクトリ: %1\n")
@@ -424,7 +448,8 @@ QString CommandViewText(const DryRunReport& r)
         return out + r.refusal + u'\n';
     if (!r.emulatorStarted) {
         if (!r.messages.isEmpty())
-            out += QStringLiteral("表示されたメッセージ:\n  %1\n").arg(r.messages.join(QStringLiteral("\n  ")));
+            out += QStringLiteral("表示されたメッセージ:\n  %1\n")
+                       .arg(r.messages.join(QStringLiteral("\n  ")));
         if (!r.companions.empty())
             return out + QStringLiteral("Emulator だけを起動します（待たずに戻ります）:\n") +
                    CompanionsText(r);
@@ -438,7 +463,7 @@ QString CommandViewText(const DryRunReport& r)
     if (r.written.empty())
         out += QStringLiteral("  なし\n");
     for (const DryRunFile& f : r.written)
-        out += FileText(f);
+        out += FileText(r, f);
     out += QStringLiteral("クリップボードとキー（順に）:\n") + InputText(r);
     if (!r.companions.empty())
         out += QStringLiteral("一緒に起動するもの:\n") + CompanionsText(r);
@@ -458,14 +483,14 @@ QString DryRunReportText(const DryRunReport& r)
                                                    : r.workDirAtStart.join(QStringLiteral(", ")));
         out += QStringLiteral("2. Emulator のために書かれたファイル: %1\n").arg(r.written.size());
         for (const DryRunFile& f : r.written)
-            out += QStringLiteral("  %1（%2）\n")
-                       .arg(f.path, f.isNew ? QStringLiteral("新規") : QStringLiteral("変更"));
+            out += QStringLiteral("  %1（%2）\n").arg(f.path, HowWritten(r, f));
         out += QStringLiteral("3. 起動するコマンド（%1 で）:\n  %2\n")
                    .arg(r.currentDir, r.specified.text());
-        if (r.outer)
-            out += QStringLiteral("  外側: %1\n").arg(r.outer->shellLine());
-        else
+        if (!r.outer)
             out += QStringLiteral("  ランナーが起動を断ります: %1\n").arg(r.outerRefusal);
+        else if (r.outer->shellLine() != r.specified.text())
+            out += QStringLiteral("  外側（%1）: %2\n")
+                       .arg(RunnerKindText(r.outer->kind), r.outer->shellLine());
         out += QStringLiteral("4. クリップボードとキー:\n") + InputText(r);
     } else {
         out += QStringLiteral("Emulator の起動には至りませんでした。\n");
@@ -473,7 +498,8 @@ QString DryRunReportText(const DryRunReport& r)
     if (!r.companions.empty())
         out += QStringLiteral("一緒に起動するもの:\n") + CompanionsText(r);
     if (!r.messages.isEmpty())
-        out += QStringLiteral("表示されたメッセージ:\n  %1\n").arg(r.messages.join(QStringLiteral("\n  ")));
+        out += QStringLiteral("表示されたメッセージ:\n  %1\n")
+                   .arg(r.messages.join(QStringLiteral("\n  ")));
     out += QStringLiteral("メインウィンドウ: %1\n")
                .arg(r.windowSteps.isEmpty() ? QStringLiteral("変化なし")
                                             : r.windowSteps.join(QStringLiteral(" → ")));
@@ -488,6 +514,10 @@ QString DryRunReportText(const DryRunReport& r)
                      .arg(r.comparedFiles)
                : QStringLiteral("[NG] 元に戻っていません:\n  %1\n")
                      .arg(r.notRestored.join(QStringLiteral("\n  ")));
+    for (const QString& path : r.keptConfigs)
+        out += QStringLiteral("[--] %1 は元々なかったため、起動で書かれたものが残ります"
+                              "（通常の起動と同じ）\n")
+                   .arg(path);
     return out;
 }
 

@@ -57,6 +57,8 @@ struct DryRunReport {
     // the snapshot directory and the image that differ from before (with a word on how).
     QStringList workDirLeft;
     QStringList notRestored;
+    // The emulator's configuration where it had none: the launch keeps what it wrote then.
+    QStringList keptConfigs;
     int comparedFiles = 0;
 };
 

@@ -199,6 +199,8 @@ QString ProgramHeaderText(ProgramHeader h, int peBits)
 
 int WindowsProgramBits(const QString& programPath)
 {
+    if (programPath.isEmpty())
+        return 0;
     QFile f(programPath);
     if (!f.open(QIODevice::ReadOnly))
         return 0;

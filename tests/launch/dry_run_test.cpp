@@ -92,10 +92,87 @@ TEST_F(DryRunTest, M88TitleIsStagedWrittenRecordedAndRestored)
     EXPECT_EQ(InstalledWindow(), &*window_);
 }
 
+TEST_F(DryRunTest, GoldenTextsOfTheCommandViewAndTheReport)
+{
+    const QString dir = Emu(2);
+    Cfg.M88CfgChk = 1; // the user's INI, corrected at the keys a launch depends on
+    Cfg.M88AllScr = 1;
+    ASSERT_TRUE(WriteFile(dir + "/M88.INI", "[M88p2 for Windows]\r\nFlags=0\r\n"));
+    ASSERT_TRUE(WriteFile(r_ + "/images/GAME.T88", "tape"));
+    Item(0, r_ + "/images/GAME.T88", "GAME.T88");
+    LstObj.SetTitle(QStringLiteral("テープの題名"));
+    RunnerSettings s;
+    s.kind = RunnerKind::Direct;
+    s.extraEnvironment = {"SDL_AUDIODRIVER=dummy"};
+
+    const DryRunReport rep = DryRunSelected(tv::Emu::M88, s);
+    ASSERT_TRUE(rep.emulatorStarted);
+    // {D} stands for M88's directory, {W} for WorkDir, {T} for TMP; {I} for the size of M88's
+    // corrected INI, whose lines hold the two directories in Wine's form ({WD}, {WW}).
+    const auto wine = [](QString p) { return "Z:" + p.replace('/', '\\'); };
+    const QString ini = "[M88p2 for Windows]\r\nFlags=2\r\nBIOSPath=" + wine(dir) +
+                        "\r\nDirectory=" + wine(WorkDir) + "\r\n";
+    const auto fill = [&](const char* text) {
+        return QString::fromUtf8(text)
+            .replace("{D}", dir)
+            .replace("{WD}", wine(dir))
+            .replace("{WW}", wine(WorkDir))
+            .replace("{W}", WorkDir)
+            .replace("{T}", EnvTmpDir)
+            .replace("{I}", QString::number(ini.size()))
+            .toStdString();
+    };
+    EXPECT_EQ(CommandViewText(rep).toStdString(),
+              fill("コマンド表示: M88 — タイトル「テープの題名」\n"
+                   "指定のコマンドライン:\n"
+                   "  {D}/M88.EXE\n"
+                   "作業ディレクトリ: {W}\n"
+                   "ランナー: 直接\n"
+                   "外側のコマンド:\n"
+                   "  SDL_AUDIODRIVER=dummy {D}/M88.EXE\n"
+                   "外側の作業ディレクトリ: {W}\n"
+                   "出力の行き先: {T}/torvane-M88.log\n"
+                   "Emulator のために書かれるファイル:\n"
+                   "  {D}/M88.INI（変更、{I} バイト）\n"
+                   "    [M88p2 for Windows]\n"
+                   "    Flags=2\n"
+                   "    BIOSPath={WD}\n"
+                   "    Directory={WW}\n"
+                   "  {D}/M88.ORG（利用者の設定の控え、30 バイト）\n"
+                   "    [M88p2 for Windows]\n"
+                   "    Flags=0\n"
+                   "クリップボードとキー（順に）:\n"
+                   "  クリップボード: GAME.T88\n"
+                   "  キー: %TT^V%O\n"
+                   "  キー: %{ENTER}\n"));
+    EXPECT_EQ(DryRunReportText(rep).toStdString(),
+              fill("試験起動: M88 — タイトル「テープの題名」\n"
+                   "プロセス・キー・クリップボードは記録だけで、実際には何も起動していません。\n"
+                   "1. TORVBOOT に用意されたファイル: GAME.T88\n"
+                   "2. Emulator のために書かれたファイル: 2\n"
+                   "  {D}/M88.INI（変更）\n"
+                   "  {D}/M88.ORG（利用者の設定の控え）\n"
+                   "3. 起動するコマンド（{W} で）:\n"
+                   "  {D}/M88.EXE\n"
+                   "  外側（直接）: SDL_AUDIODRIVER=dummy {D}/M88.EXE\n"
+                   "4. クリップボードとキー:\n"
+                   "  クリップボード: GAME.T88\n"
+                   "  キー: %TT^V%O\n"
+                   "  キー: %{ENTER}\n"
+                   "メインウィンドウ: 状態表示「Emulator起動中．．」 → メインウィンドウを最小化 → "
+                   "メインウィンドウを無効に → メインウィンドウを有効に → "
+                   "メインウィンドウを元に戻す → 詳細表示を更新\n"
+                   "後片付けの確認:\n"
+                   "[OK] TORVBOOT は空です\n"
+                   "[OK] Emulator のディレクトリ・スナップショット・イメージは元のとおりです"
+                   "（4 ファイルをバイト単位で比較）\n"));
+}
+
 TEST_F(DryRunTest, XmilKeysAndClipboardAreRecordedNotSent)
 {
-    Emu(22);
+    const QString dir = Emu(22);
     Cfg.XmilCfgChk = 0;
+    ASSERT_TRUE(WriteFile(dir + "/Xmillennium.ini", "[Xmillennium]\r\n"));
     // The second disk travels beside the first in an archive.
     const QString arc = Archive("AB.ZIP", {{"A.D88", Image()}, {"B.D88", Image()}});
     Item(2, arc, "A.D88", 1, 0, "B.D88");
@@ -113,6 +190,8 @@ TEST_F(DryRunTest, XmilKeysAndClipboardAreRecordedNotSent)
         EXPECT_FALSE(in.delivered);
     EXPECT_TRUE(rep.workDirLeft.isEmpty());
     EXPECT_TRUE(rep.notRestored.isEmpty()) << rep.notRestored.join("\n").toStdString();
+    EXPECT_TRUE(rep.keptConfigs.isEmpty());
+    EXPECT_EQ(ReadFile(dir + "/Xmillennium.ini"), "[Xmillennium]\r\n");
 }
 
 TEST_F(DryRunTest, WithoutATitleTheBareEmulatorIsRecorded)
@@ -168,11 +247,18 @@ TEST_F(DryRunTest, WhatIsNotRestoredIsReported)
     const DryRunReport rep = DryRunSelected(tv::Emu::M88, RunnerSettings{});
     ASSERT_TRUE(rep.emulatorStarted);
     EXPECT_EQ(rep.notRestored, QStringList({"増えた: " + dir + "/STRAY.TMP"}));
+    // M88 had no configuration: the one the launch wrote stays, as after any launch.
+    EXPECT_EQ(rep.keptConfigs, QStringList({dir + "/M88.INI"}));
     const QString text = DryRunReportText(rep);
     EXPECT_TRUE(text.endsWith("後片付けの確認:\n"
                               "[OK] TORVBOOT は空です\n"
                               "[NG] 元に戻っていません:\n"
                               "  増えた: " +
-                              dir + "/STRAY.TMP\n"))
+                              dir +
+                              "/STRAY.TMP\n"
+                              "[--] " +
+                              dir +
+                              "/M88.INI は元々なかったため、起動で書かれたものが"
+                              "残ります（通常の起動と同じ）\n"))
         << text.toStdString();
 }
