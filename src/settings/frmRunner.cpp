@@ -253,7 +253,7 @@ void frmRunner::build()
     buttons->addWidget(cmdOK);
     buttons->addWidget(cmdCancel);
     grid->addLayout(buttons, 4, 0, 1, 2);
-    resize(860, 680);
+    resize(900, 720);
 
     connect(lstRunnerEmu, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
         if (!item || !item->data(0, Qt::UserRole).isValid())
@@ -305,12 +305,13 @@ void frmRunner::load(Emu emu)
     txtRunnerArgs->setText(s.extraArguments);
     txtRunnerEnv->setPlainText(s.extraEnvironment.join(u'\n'));
     loading_ = false;
+    loaded_ = true;
     updateKind();
 }
 
 void frmRunner::storeShown()
 {
-    if (loading_)
+    if (loading_ || !loaded_)
         return;
     RunnerSettings& s = edits_[current_];
     s.kind = static_cast<RunnerKind>(cbxRunnerKind->currentData().toInt());

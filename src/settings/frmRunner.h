@@ -68,6 +68,7 @@ private:
     RunnerTable edits_;
     Emu current_ = Emu::P88sr;
     bool loading_ = false;
+    bool loaded_ = false; // the controls hold an emulator's settings
 };
 
 } // namespace tv

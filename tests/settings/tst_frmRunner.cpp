@@ -257,8 +257,19 @@ private slots:
     {
         window->hasSelectedItem = false;
         HardWare = 0;
+        Runners()[Emu::M88].winePrefix = root.path() + "/pfx";
         frmRunner d;
         d.selectEmu(Emu::M88);
+        // Through Wine, the prefix would be prepared first: not in a dry run.
+        QTest::mouseClick(d.cmdRunnerDryRun, Qt::LeftButton);
+        QCOMPARE(d.txtRunnerReport->toPlainText(),
+                 "試験起動: M88 — タイトルの選択なし（Emulator のみの起動）\n"
+                 "Wine の環境 " + root.path() + "/pfx はまだ準備されていません。最初の起動で"
+                 " wineboot -i が準備します（試験起動では準備しません）\n");
+        // Directly, the bare emulator's start is recorded.
+        QFile::setPermissions(m88 + "/M88.EXE",
+                              QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        SetKind(d, RunnerKind::Direct);
         QTest::mouseClick(d.cmdRunnerDryRun, Qt::LeftButton);
         const QString text = d.txtRunnerReport->toPlainText();
         QVERIFY2(text.startsWith(

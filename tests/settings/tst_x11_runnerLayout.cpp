@@ -10,8 +10,11 @@
 #include "support/ProcessState.h"
 #include "support/StubWindow.h"
 #include "util/Globals.h"
+#include "util/SubFunction.h"
 
 #include <QComboBox>
+#include <QFile>
+#include <QLineEdit>
 #include <QDir>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -99,11 +102,20 @@ private slots:
         LstObj.SetSecondFile("");
         LstObj.SetArcCheckFlag(0);
         LstObj.SetReArcCheckFlag(0);
+        LstObj.SetTitle(QStringLiteral("ザナドゥ"));
         window->hasSelectedItem = true;
+
+        // A Wine of the test's own, found as a launch finds it, in a prefix that is prepared.
+        const QString wine = root.path() + "/bin/wine";
+        QVERIFY(tvtest::WriteFile(wine, "#!/bin/sh\nexit 0\n"));
+        QFile::setPermissions(wine, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        QVERIFY(tvtest::WriteFile(root.path() + "/pfx/system.reg", "WINE REGISTRY\n"));
 
         frmRunner d;
         d.selectEmu(Emu::M88);
         d.cbxRunnerKind->setCurrentIndex(d.cbxRunnerKind->findData(int(RunnerKind::Wine)));
+        d.txtWineProgram->setText(wine);
+        d.txtWinePrefix->setText(root.path() + "/pfx");
         d.show();
         QVERIFY(QTest::qWaitForWindowExposed(&d));
         QTest::mouseClick(d.cmdRunnerCommand, Qt::LeftButton);
