@@ -313,7 +313,15 @@ QString CheckRunner(Emu emu, const RunnerSettings& s)
     switch (kind) {
     case RunnerKind::Auto:
     case RunnerKind::Direct:
-        out += Line("--", QStringLiteral("ランナーなしで直接起動します"));
+        if (RunnerProgramFound(program))
+            out += Line("OK",
+                        QStringLiteral("ランナーなしで直接起動します（実行できるファイルです）"));
+        else if (h == ProgramHeader::Missing)
+            out += Line("NG",
+                        QStringLiteral("ランナーなしで直接起動しますが、プログラムがありません"));
+        else
+            out += Line("NG",
+                        QStringLiteral("ランナーなしで直接起動しますが、実行の許可がありません"));
         break;
     case RunnerKind::Wine:
         out += VersionLine(QStringLiteral("Wine"), WineProgramOf(s), {QStringLiteral("--version")});

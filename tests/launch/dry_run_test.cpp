@@ -262,3 +262,63 @@ TEST_F(DryRunTest, WhatIsNotRestoredIsReported)
                               "残ります（通常の起動と同じ）\n"))
         << text.toStdString();
 }
+
+TEST_F(DryRunTest, DosBoxRunnerFilesAreShownAndGoneAfterwards)
+{
+    const QString dir = Emu(21);
+    const QString dosbox = r_ + "/bin/dosbox";
+    ASSERT_TRUE(WriteFile(dosbox, "#!/bin/sh\nexit 0\n"));
+    QFile::setPermissions(dosbox, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    ASSERT_TRUE(WriteFile(r_ + "/images/GAME.D88", Image()));
+    Item(2, r_ + "/images/GAME.D88", "GAME.D88");
+    RunnerSettings s;
+    s.kind = RunnerKind::DosBox;
+    s.dosboxProgram = dosbox;
+
+    const DryRunReport rep = DryRunSelected(tv::Emu::X1r, s);
+    ASSERT_TRUE(rep.emulatorStarted)
+        << rep.refusal.toStdString() << rep.messages.join("\n").toStdString();
+    ASSERT_TRUE(rep.outer.has_value());
+    EXPECT_EQ(rep.outer->kind, RunnerKind::DosBox);
+    EXPECT_EQ(rep.specified.program, dir + "/X1R.COM");
+    EXPECT_EQ(rep.specified.argumentValues().last(), "GAME.D88");
+    const QString priv = rep.outer->privateDir;
+    ASSERT_FALSE(priv.isEmpty());
+    // The private directory lived for the run only.
+    EXPECT_FALSE(QFileInfo::exists(priv));
+    const QString tail = rep.specified.argumentValues().join(' ');
+    const QString view = CommandViewText(rep);
+    const QString expected = "ランナー: DOSBox\n"
+                             "外側のコマンド:\n"
+                             "  " +
+                             dosbox + " -userconf -conf " + priv +
+                             "/dosbox.conf\n"
+                             "外側の作業ディレクトリ: " +
+                             priv + "\n";
+    EXPECT_TRUE(view.contains(expected)) << view.toStdString();
+    const QString files = "起動のために作るファイル（終了後に消します）:\n"
+                          "  " +
+                          priv + "/c → " + WorkDir +
+                          "（リンク）\n"
+                          "  " +
+                          priv + "/d → " + dir +
+                          "（リンク）\n"
+                          "  " +
+                          priv +
+                          "/dosbox.conf\n"
+                          "    [autoexec]\n"
+                          "    mount c " +
+                          priv +
+                          "/c\n"
+                          "    mount d " +
+                          priv +
+                          "/d\n"
+                          "    c:\n"
+                          "    d:\\X1R.COM " +
+                          tail +
+                          "\n"
+                          "    exit\n";
+    EXPECT_TRUE(view.contains(files)) << view.toStdString();
+    EXPECT_TRUE(rep.workDirLeft.isEmpty());
+    EXPECT_TRUE(rep.notRestored.isEmpty()) << rep.notRestored.join("\n").toStdString();
+}

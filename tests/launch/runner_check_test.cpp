@@ -8,6 +8,7 @@
 #include "util/Globals.h"
 
 #include <QDir>
+#include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
@@ -218,20 +219,25 @@ TEST_F(RunnerCheckTest, JavaAndDirect)
 {
     ASSERT_TRUE(WriteFile(emu + "/j80.jar", QByteArray("PK\x03\x04", 4)));
     ASSERT_TRUE(WriteFile(emu + "/M88.EXE", "#!/bin/sh\n"));
+    QFile::setPermissions(emu + "/M88.EXE", QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
     ScriptedProbe probe;
     probe.answer("/usr/lib/jvm/bin/java -version", "openjdk version \"17.0.2\"\nOpenJDK RE\n");
     RunnerSettings s;
     s.javaProgram = "/usr/lib/jvm/bin/java";
-    EXPECT_EQ(CheckRunner(Emu::J80, s), "j80 の確認（ランナー: Java、自動判定）\n"
-                                        "プログラム: " +
-                                            emu +
-                                            "/j80.jar — 種類の分からないファイル\n"
-                                            "[OK] Java: openjdk version \"17.0.2\"\n");
-    EXPECT_EQ(CheckRunner(Emu::M88, RunnerSettings{}), "M88 の確認（ランナー: 直接、自動判定）\n"
-                                                       "プログラム: " +
-                                                           emu +
-                                                           "/M88.EXE — スクリプト (#!)\n"
-                                                           "[--] ランナーなしで直接起動します\n");
+    // {E} stands for the emulator's directory.
+    const auto fill = [&](const char* t) { return QString::fromUtf8(t).replace("{E}", emu); };
+    EXPECT_EQ(CheckRunner(Emu::J80, s), fill("j80 の確認（ランナー: Java、自動判定）\n"
+                                             "プログラム: {E}/j80.jar — 種類の分からないファイル\n"
+                                             "[OK] Java: openjdk version \"17.0.2\"\n"));
+    EXPECT_EQ(CheckRunner(Emu::M88, RunnerSettings{}),
+              fill("M88 の確認（ランナー: 直接、自動判定）\n"
+                   "プログラム: {E}/M88.EXE — スクリプト (#!)\n"
+                   "[OK] ランナーなしで直接起動します（実行できるファイルです）\n"));
+    QFile::setPermissions(emu + "/M88.EXE", QFile::ReadOwner | QFile::WriteOwner);
+    EXPECT_EQ(CheckRunner(Emu::M88, RunnerSettings{}),
+              fill("M88 の確認（ランナー: 直接、自動判定）\n"
+                   "プログラム: {E}/M88.EXE — スクリプト (#!)\n"
+                   "[NG] ランナーなしで直接起動しますが、実行の許可がありません\n"));
     EXPECT_EQ(probe.calls, QStringList({"/usr/lib/jvm/bin/java -version"}));
 }
 
@@ -242,5 +248,5 @@ TEST_F(RunnerCheckTest, AnEmulatorWithoutDirectory)
     EXPECT_EQ(CheckRunner(Emu::M88, RunnerSettings{}),
               "M88 の確認（ランナー: 直接、自動判定）\n"
               "プログラム: （ディレクトリ未設定） — プログラムがありません\n"
-              "[--] ランナーなしで直接起動します\n");
+              "[NG] ランナーなしで直接起動しますが、プログラムがありません\n");
 }
