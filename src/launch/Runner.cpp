@@ -209,7 +209,11 @@ QString WinePrefixOf(const RunnerSettings& s)
 
 bool WinePrefixPrepared(const RunnerSettings& s)
 {
-    return QFileInfo(WinePrefixOf(s) + QStringLiteral("/system.reg")).isFile();
+    // Wine's server writes the registry a few seconds after the last program ended; the
+    // stamp of wineboot stands at once.
+    const QString prefix = WinePrefixOf(s);
+    return QFileInfo(prefix + QStringLiteral("/system.reg")).isFile() ||
+           QFileInfo(prefix + QStringLiteral("/.update-timestamp")).isFile();
 }
 
 QString WinebootProgram(const RunnerSettings& s)

@@ -128,7 +128,7 @@ QString RunnerProgram(RunnerKind kind, const RunnerSettings& s, const LaunchComm
 bool RunnerProgramFound(const QString& program);
 
 // The Wine prefix a launch uses: the setting, else WINEPREFIX, else ~/.wine; it is prepared
-// once "system.reg" stands in it. The wineboot program beside the Wine program, else on the
+// once "system.reg" or wineboot's ".update-timestamp" stands in it. The wineboot program beside the Wine program, else on the
 // search path.
 QString WinePrefixOf(const RunnerSettings& s);
 bool WinePrefixPrepared(const RunnerSettings& s);

@@ -65,6 +65,7 @@ std::vector<TestEmuRun> ReadTestEmuLog(const QString& path)
             TestEmuRun r;
             r.startMs = p.value(1).toLongLong();
             r.exeName = p.value(2);
+            r.pid = p.value(3).toLongLong();
             runs.push_back(r);
             continue;
         }

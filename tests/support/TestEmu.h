@@ -34,6 +34,7 @@ struct TestEmuEvent {
 struct TestEmuRun {
     qint64 startMs = 0;
     QString exeName;
+    qint64 pid = 0;
     QStringList args; // args[0] is the program as started
     QString cwd;
     QStringList files;
