@@ -18,6 +18,7 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QRegularExpression>
 #include <QTextStream>
 #include <map>
 
@@ -291,7 +292,8 @@ DryRunReport DryRunSelected(Emu emu, const RunnerSettings& settings)
         restore.cwd = QDir::currentPath();
         restore.msgBox = SetMsgBoxHandler([&r](const MsgBoxCall& c) {
             r.messages << QStringLiteral("%1: %2").arg(
-                c.caption, QString(c.text).replace(QStringLiteral("\r\n"), QStringLiteral(" ")));
+                c.caption, QString(c.text).replace(QRegularExpression(QStringLiteral("[\r\n]+")),
+                                                   QStringLiteral(" ")));
             // Yes/no questions get "no": a dry run re-packs nothing.
             return (c.flags & MbYesNo) ? int(MbResNo) : DefaultMsgBoxAnswer(c.flags);
         });

@@ -225,7 +225,8 @@ void frmRunner::build()
     txtRunnerReport = new QPlainTextEdit(this);
     txtRunnerReport->setObjectName(QStringLiteral("txtRunnerReport"));
     txtRunnerReport->setReadOnly(true);
-    txtRunnerReport->setLineWrapMode(QPlainTextEdit::NoWrap);
+    // Long command lines wrap: the whole line is seen without scrolling sideways.
+    txtRunnerReport->setLineWrapMode(QPlainTextEdit::WidgetWidth);
     txtRunnerReport->setMinimumHeight(txtRunnerReport->fontMetrics().lineSpacing() * 12);
     txtRunnerReport->setPlaceholderText(QStringLiteral("確認・コマンド表示・試験起動の結果"));
 

@@ -6,6 +6,7 @@
 #include "data/clsLst.h"
 #include "launch/DryRun.h"
 #include "support/LaunchFixture.h"
+#include "support/ScriptedMsgBox.h"
 
 #include <QClipboard>
 #include <QGuiApplication>
@@ -321,4 +322,25 @@ TEST_F(DryRunTest, DosBoxRunnerFilesAreShownAndGoneAfterwards)
     EXPECT_TRUE(view.contains(files)) << view.toStdString();
     EXPECT_TRUE(rep.workDirLeft.isEmpty());
     EXPECT_TRUE(rep.notRestored.isEmpty()) << rep.notRestored.join("\n").toStdString();
+}
+
+TEST_F(DryRunTest, MessagesOfTheRoadGoToTheReport)
+{
+    const QString dir = Emu(2);
+    Item(0, r_ + "/images/MISSING.D88", "MISSING.D88");
+    tvtest::ScriptedMsgBox boxes; // none may reach the user
+    const DryRunReport rep = DryRunSelected(tv::Emu::M88, RunnerSettings{});
+    EXPECT_TRUE(boxes.calls().empty());
+    EXPECT_FALSE(rep.emulatorStarted);
+    EXPECT_EQ(
+        rep.messages,
+        QStringList({"Emu実行エラー: 実行ファイルが不正です。 解凍エラー・もしくはコピーエラー"}));
+    const QString text = DryRunReportText(rep);
+    EXPECT_TRUE(text.contains(
+        "Emulator の起動には至りませんでした。\n"
+        "表示されたメッセージ:\n"
+        "  Emu実行エラー: 実行ファイルが不正です。 解凍エラー・もしくはコピーエラー\n"))
+        << text.toStdString();
+    EXPECT_TRUE(rep.workDirLeft.isEmpty());
+    EXPECT_FALSE(QFile::exists(dir + "/M88.ORG"));
 }
