@@ -219,7 +219,10 @@ struct Restore {
         InstallProcessRecorder(recorder);
         SetInputRecordOnly(recordOnly);
         InstallWindow(window);
-        Runners()[emu] = runner;
+        if (hadRunner)
+            Runners()[emu] = runner;
+        else
+            Runners().erase(emu);
         HardWare = hardWare;
         QDir::setCurrent(cwd);
         SetMsgBoxHandler(msgBox);
@@ -229,10 +232,76 @@ struct Restore {
     bool recordOnly = false;
     MainWindowLink* window = nullptr;
     Emu emu = Emu::P88sr;
+    bool hadRunner = false;
     RunnerSettings runner;
     uint8_t hardWare = 0;
     QString cwd;
 };
+
+} // namespace
+
+namespace {
+
+// Why the dry run can't go ("" when it can), before anything is touched.
+QString Refusal(Emu emu, const RunnerSettings& settings, bool titleSelected)
+{
+    const EmuRow& row = RowOf(emu);
+    QString why;
+    if (!LaunchRoadReady(row.code(), Cfg, &why))
+        return why.isEmpty() ? QStringLiteral("この Emulator はまだ起動できません") : why;
+    if (!WorkDirEntries().isEmpty())
+        return QStringLiteral("TORVBOOT にファイルが残っているため試験起動できません");
+    // Preparing a Wine prefix starts Wine for seconds; that is the first real launch's work.
+    if (EffectiveRunner(emu, EmuProgramPath(emu), settings) == RunnerKind::Wine &&
+        !WinePrefixPrepared(settings))
+        return QStringLiteral("Wine の環境 %1 はまだ準備されていません。最初の起動で"
+                              " wineboot -i が準備します（試験起動では準備しません）")
+            .arg(WinePrefixOf(settings));
+    if (titleSelected && HardWare != row.family)
+        return QStringLiteral("選択中のタイトルは %1 の機種のものではありません")
+            .arg(QLatin1String(row.listName));
+    return {};
+}
+
+// The emulator's directories, the snapshot directory and the image, byte for byte.
+Snapshot StateOf(const EmuRow& row, bool titleSelected)
+{
+    Snapshot s;
+    for (const QString& d : EmuDirs(row))
+        AddDir(s, d);
+    AddDir(s, SnapDir[row.family]);
+    if (titleSelected)
+        AddFile(s, ImagePath(row.family));
+    return s;
+}
+
+// The launch road with the recorders in place; everything is put back when it ends.
+void RunRecorded(DryRunReport& r, const RunnerSettings& settings, Recorder& recorder)
+{
+    const EmuRow& row = RowOf(r.emu);
+    RecordingWindow window(Window(), r.windowSteps);
+    Restore restore;
+    restore.recorder = InstallProcessRecorder(&recorder);
+    restore.recordOnly = SetInputRecordOnly(true);
+    restore.window = InstallWindow(&window);
+    restore.emu = r.emu;
+    restore.hadRunner = Runners().count(r.emu) > 0;
+    restore.runner = RunnerOf(r.emu);
+    restore.hardWare = HardWare;
+    restore.cwd = QDir::currentPath();
+    restore.msgBox = SetMsgBoxHandler([&r](const MsgBoxCall& c) {
+        static const QRegularExpression lineEnds(QStringLiteral("[\r\n]+"));
+        r.messages << QStringLiteral("%1: %2").arg(
+            c.caption, QString(c.text).replace(lineEnds, QStringLiteral(" ")));
+        // Yes/no questions get "no": a dry run re-packs nothing.
+        return (c.flags & MbYesNo) ? int(MbResNo) : DefaultMsgBoxAnswer(c.flags);
+    });
+    Runners()[r.emu] = settings;
+    // The bare emulator starts for the family of its button.
+    if (!r.titleSelected)
+        HardWare = uint8_t(row.family);
+    RunSelectedItem(row.code());
+}
 
 } // namespace
 
@@ -241,87 +310,30 @@ DryRunReport DryRunSelected(Emu emu, const RunnerSettings& settings)
     DryRunReport r;
     r.emu = emu;
     const EmuRow& row = RowOf(emu);
-    QString why;
-    if (!LaunchRoadReady(row.code(), Cfg, &why)) {
-        r.refusal = why.isEmpty() ? QStringLiteral("この Emulator はまだ起動できません") : why;
-        return r;
-    }
-    if (!WorkDirEntries().isEmpty()) {
-        r.refusal = QStringLiteral("TORVBOOT にファイルが残っているため試験起動できません");
-        return r;
-    }
-    // Preparing a Wine prefix starts Wine for seconds; that is the first real launch's work.
-    const QString program = EmuProgramPath(emu);
-    if (EffectiveRunner(emu, program, settings) == RunnerKind::Wine &&
-        !WinePrefixPrepared(settings)) {
-        r.refusal = QStringLiteral("Wine の環境 %1 はまだ準備されていません。最初の起動で"
-                                   " wineboot -i が準備します（試験起動では準備しません）")
-                        .arg(WinePrefixOf(settings));
-        return r;
-    }
     r.titleSelected = Window().HasSelectedItem();
-    if (r.titleSelected && HardWare != row.family) {
-        r.refusal = QStringLiteral("選択中のタイトルは %1 の機種のものではありません")
-                        .arg(QLatin1String(row.listName));
+    r.refusal = Refusal(emu, settings, r.titleSelected);
+    if (!r.refusal.isEmpty())
         return r;
-    }
     if (r.titleSelected)
         r.title = VbTrim(LstObj.GetTitle());
 
-    // The state before: the emulator's directories, the snapshot directory and the image.
-    const QStringList dirs = EmuDirs(row);
-    Snapshot before;
-    for (const QString& d : dirs)
-        AddDir(before, d);
-    AddDir(before, SnapDir[row.family]);
-    if (r.titleSelected)
-        AddFile(before, ImagePath(row.family));
-
-    MainWindowLink& real = Window();
-    RecordingWindow window(real, r.windowSteps);
-    Recorder recorder(r, before, dirs, AdapterOf(row.code())->workLeftovers());
+    Snapshot before = StateOf(row, r.titleSelected);
+    Recorder recorder(r, before, EmuDirs(row), AdapterOf(row.code())->workLeftovers());
     const size_t inputFrom = InputLog().size();
-    {
-        Restore restore;
-        restore.recorder = InstallProcessRecorder(&recorder);
-        restore.recordOnly = SetInputRecordOnly(true);
-        restore.window = InstallWindow(&window);
-        restore.emu = emu;
-        restore.runner = Runners()[emu];
-        restore.hardWare = HardWare;
-        restore.cwd = QDir::currentPath();
-        restore.msgBox = SetMsgBoxHandler([&r](const MsgBoxCall& c) {
-            r.messages << QStringLiteral("%1: %2").arg(
-                c.caption, QString(c.text).replace(QRegularExpression(QStringLiteral("[\r\n]+")),
-                                                   QStringLiteral(" ")));
-            // Yes/no questions get "no": a dry run re-packs nothing.
-            return (c.flags & MbYesNo) ? int(MbResNo) : DefaultMsgBoxAnswer(c.flags);
-        });
-        Runners()[emu] = settings;
-        // The bare emulator starts for the family of its button.
-        if (!r.titleSelected)
-            HardWare = uint8_t(row.family);
-        RunSelectedItem(row.code());
-    }
+    RunRecorded(r, settings, recorder);
     const auto& log = InputLog();
     for (size_t i = inputFrom; i < log.size(); ++i)
         r.input.push_back(log[i]);
-
     if (r.emulatorStarted && !r.outer) {
         QString outerWhy;
         r.outer = WrapCommand(emu, r.specified, settings, &outerWhy);
         r.outerRefusal = outerWhy;
     }
 
-    // The state after.
+    // The state after. A configuration that the emulator didn't have stays as the launch wrote
+    // it, by design.
     r.workDirLeft = WorkDirEntries();
-    Snapshot after;
-    for (const QString& d : dirs)
-        AddDir(after, d);
-    AddDir(after, SnapDir[row.family]);
-    if (r.titleSelected)
-        AddFile(after, ImagePath(row.family));
-    // A configuration that the emulator didn't have stays as the launch wrote it, by design.
+    const Snapshot after = StateOf(row, r.titleSelected);
     for (const auto& [path, digest] : after) {
         const QString name = QFileInfo(path).fileName();
         const bool config =

@@ -8,6 +8,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCoreApplication>
 #include <QFormLayout>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -377,30 +378,37 @@ bool frmRunner::Store()
     return true;
 }
 
-void frmRunner::runCheck()
+// The check and the dry run take a while and serve events meanwhile: the dialog takes no
+// input until they are done, so no second one starts inside the first.
+void frmRunner::runBusy(const QString& what, const std::function<QString()>& work)
 {
     storeShown();
+    txtRunnerReport->setPlainText(what);
+    setEnabled(false);
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    txtRunnerReport->setPlainText(CheckRunner(current_, edits_[current_]));
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    const QString text = work();
     QApplication::restoreOverrideCursor();
+    setEnabled(true);
+    txtRunnerReport->setPlainText(text);
+}
+
+void frmRunner::runCheck()
+{
+    runBusy(QStringLiteral("確認中．．"),
+            [this] { return CheckRunner(current_, edits_[current_]); });
 }
 
 void frmRunner::runCommandView()
 {
-    storeShown();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const DryRunReport r = DryRunSelected(current_, edits_[current_]);
-    QApplication::restoreOverrideCursor();
-    txtRunnerReport->setPlainText(CommandViewText(r));
+    runBusy(QStringLiteral("コマンドを調べています．．"),
+            [this] { return CommandViewText(DryRunSelected(current_, edits_[current_])); });
 }
 
 void frmRunner::runDryRun()
 {
-    storeShown();
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-    const DryRunReport r = DryRunSelected(current_, edits_[current_]);
-    QApplication::restoreOverrideCursor();
-    txtRunnerReport->setPlainText(DryRunReportText(r));
+    runBusy(QStringLiteral("試験起動中．．"),
+            [this] { return DryRunReportText(DryRunSelected(current_, edits_[current_])); });
 }
 
 } // namespace tv

@@ -8,6 +8,7 @@
 #include "launch/Runner.h"
 
 #include <QDialog>
+#include <functional>
 
 class QCheckBox;
 class QComboBox;
@@ -61,6 +62,7 @@ private:
     void load(Emu emu);
     void storeShown();
     void updateKind();
+    void runBusy(const QString& what, const std::function<QString()>& work);
     void runCheck();
     void runCommandView();
     void runDryRun();

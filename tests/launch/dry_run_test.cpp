@@ -56,7 +56,10 @@ TEST_F(DryRunTest, M88TitleIsStagedWrittenRecordedAndRestored)
     ASSERT_TRUE(WriteFile(r_ + "/images/GAME.D88", Image()));
     Item(0, r_ + "/images/GAME.D88", "GAME.D88");
 
+    ASSERT_EQ(Runners().count(tv::Emu::M88), 0u);
     const DryRunReport rep = DryRunSelected(tv::Emu::M88, RunnerSettings{});
+    // The settings of the run were the emulator's only while it lasted.
+    EXPECT_EQ(Runners().count(tv::Emu::M88), 0u);
     EXPECT_EQ(rep.refusal, "");
     EXPECT_TRUE(rep.titleSelected);
     ASSERT_TRUE(rep.emulatorStarted);
