@@ -264,8 +264,10 @@ private slots:
         QTest::mouseClick(d.cmdRunnerDryRun, Qt::LeftButton);
         QCOMPARE(d.txtRunnerReport->toPlainText(),
                  "試験起動: M88 — タイトルの選択なし（Emulator のみの起動）\n"
-                 "Wine の環境 " + root.path() + "/pfx はまだ準備されていません。最初の起動で"
-                 " wineboot -i が準備します（試験起動では準備しません）\n");
+                 "Wine の環境 " +
+                     root.path() +
+                     "/pfx はまだ準備されていません。最初の起動で"
+                     " wineboot -i が準備します（試験起動では準備しません）\n");
         // Directly, the bare emulator's start is recorded.
         QFile::setPermissions(m88 + "/M88.EXE",
                               QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);

@@ -13,9 +13,9 @@
 #include "util/SubFunction.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QFile>
 #include <QLineEdit>
-#include <QDir>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStackedWidget>
