@@ -337,6 +337,20 @@ bool RunnerReady(const LaunchState& st)
     return false;
 }
 
+// While the branch makes the command and the files, the paths of an emulator under Wine go
+// through its drive table.
+struct WineDrives {
+    explicit WineDrives(const LaunchState& st)
+    {
+        const RunnerSettings& s = RunnerOf(st.row.emu);
+        if (!s.driveTable.isEmpty() && EffectiveRunner(st.row.emu, st.Exe, s) == RunnerKind::Wine)
+            SetWineDriveTable(s.driveTable);
+    }
+    ~WineDrives() { SetWineDriveTable({}); }
+    WineDrives(const WineDrives&) = delete;
+    WineDrives& operator=(const WineDrives&) = delete;
+};
+
 // The emulator runs with WorkDir current and the main window minimised; the window comes
 // back when it has ended.
 void RunWithWindowAway(const EmuBranch& b, int16_t EmuCode)
@@ -403,6 +417,7 @@ bool RunEmulatorItem(uint8_t HardWare, int16_t EmuCode, const QString& StartFile
     };
     bool branched = false;
     try {
+        const WineDrives drives(st);
         branched = adapter.branch(st, b);
     } catch (const std::exception&) {
         undo();

@@ -76,13 +76,59 @@ bool IsWindowsProgram(const QString& program)
     return suffix == QLatin1String("EXE") || suffix == QLatin1String("COM");
 }
 
-QString ToWinePath(const QString& nativePath)
+namespace {
+
+QStringList& DriveTable()
+{
+    static QStringList table;
+    return table;
+}
+
+QString ZForm(const QString& nativePath)
 {
     QString p = nativePath;
     p.replace(QLatin1Char('/'), QLatin1Char('\\'));
     if (nativePath.startsWith(QLatin1Char('/')))
         return QStringLiteral("Z:") + p;
     return p;
+}
+
+} // namespace
+
+void SetWineDriveTable(const QStringList& table)
+{
+    DriveTable() = table;
+}
+
+QString ToWinePath(const QString& nativePath)
+{
+    return DriveTable().isEmpty() ? ZForm(nativePath) : WinePathOf(nativePath, DriveTable());
+}
+
+QString WinePathOf(const QString& nativePath, const QStringList& driveTable)
+{
+    if (!nativePath.startsWith(QLatin1Char('/')))
+        return ZForm(nativePath);
+    QString bestDrive, bestDir;
+    for (const QString& entry : driveTable) {
+        const qsizetype eq = entry.indexOf(QLatin1Char('='));
+        if (eq <= 0)
+            continue;
+        QString dir = entry.mid(eq + 1);
+        while (dir.size() > 1 && dir.endsWith(QLatin1Char('/')))
+            dir.chop(1);
+        const bool under = nativePath == dir || dir == QLatin1String("/") ||
+                           nativePath.startsWith(dir + QLatin1Char('/'));
+        if (under && dir.size() > bestDir.size()) {
+            bestDir = dir;
+            bestDrive = entry.left(eq);
+        }
+    }
+    if (bestDrive.isEmpty())
+        return ZForm(nativePath);
+    QString rest = nativePath.mid(bestDir == QLatin1String("/") ? 0 : bestDir.size());
+    rest.replace(QLatin1Char('/'), QLatin1Char('\\'));
+    return bestDrive + (rest.isEmpty() ? QStringLiteral("\\") : rest);
 }
 
 QString EmuPath(const QString& program, const QString& nativePath)

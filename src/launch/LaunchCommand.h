@@ -45,8 +45,17 @@ struct LaunchCommand {
 bool IsWindowsProgram(const QString& program);
 
 // A path in Wine's form: an absolute native path becomes "Z:" followed by the path with "\"
-// separators; a relative name keeps its place and gets "\" separators.
+// separators; a relative name keeps its place and gets "\" separators. While a drive table is
+// set, a path under one of its directories takes that drive instead.
 QString ToWinePath(const QString& nativePath);
+
+// The same through a drive table of "D:=/native/dir" entries, the longest native directory
+// first, "Z:" + the path where none holds it.
+QString WinePathOf(const QString& nativePath, const QStringList& driveTable);
+
+// The drive table of the emulator whose command and files are being made (empty: none). The
+// launch sets it for an emulator that runs under Wine and clears it afterwards.
+void SetWineDriveTable(const QStringList& table);
 
 // The path as the given program takes it: Wine's form for a Windows program, else unchanged.
 QString EmuPath(const QString& program, const QString& nativePath);

@@ -227,32 +227,6 @@ QString WinebootProgram(const RunnerSettings& s)
     return QStringLiteral("wineboot");
 }
 
-QString WinePathOf(const QString& nativePath, const QStringList& driveTable)
-{
-    if (!nativePath.startsWith(QLatin1Char('/')))
-        return ToWinePath(nativePath);
-    QString bestDrive, bestDir;
-    for (const QString& entry : driveTable) {
-        const qsizetype eq = entry.indexOf(QLatin1Char('='));
-        if (eq <= 0)
-            continue;
-        QString dir = entry.mid(eq + 1);
-        while (dir.size() > 1 && dir.endsWith(QLatin1Char('/')))
-            dir.chop(1);
-        const bool under = nativePath == dir || dir == QLatin1String("/") ||
-                           nativePath.startsWith(dir + QLatin1Char('/'));
-        if (under && dir.size() > bestDir.size()) {
-            bestDir = dir;
-            bestDrive = entry.left(eq);
-        }
-    }
-    if (bestDrive.isEmpty())
-        return ToWinePath(nativePath);
-    QString rest = nativePath.mid(bestDir == QLatin1String("/") ? 0 : bestDir.size());
-    rest.replace(QLatin1Char('/'), QLatin1Char('\\'));
-    return bestDrive + (rest.isEmpty() ? QStringLiteral("\\") : rest);
-}
-
 namespace {
 
 // `wineboot -i` in the prefix, the launch waiting for it with events served. The DLLs that

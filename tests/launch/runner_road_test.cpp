@@ -3,6 +3,7 @@
 // configuration bytes as when it is started directly, the runner gets its environment, and
 // WorkDir and the temporary directory are left as they were.
 #include "adapters/fm7x1/EmuOptFMX1.h"
+#include "adapters/pc88/EmuOpt88.h"
 #include "data/Cfg.h"
 #include "data/clsLst.h"
 #include "launch/Launch.h"
@@ -122,6 +123,69 @@ TEST_F(RunnerRoad, WineStartsM88AsItWouldStartDirectly)
     EXPECT_EQ(runs[1].env.value("TV_RUNNER"), "yes");
     // Its output went to a file, not to a pipe of ours.
     EXPECT_TRUE(QFileInfo::exists(EnvTmpDir + "/torvane-M88.log"));
+}
+
+// A drive table gives the paths in M88's INI its drive; the next launch without one has "Z:".
+TEST_F(RunnerRoad, WineDriveTableReachesTheFilesWritten)
+{
+    Emu(2, {{"show", r_ + "/emu/2/M88.INI"}});
+    Title(0, "GAME.D88");
+    const QString zWork = QString("Z:" + WorkDir).replace('/', '\\');
+    const TestEmuRun direct = LaunchOnce(2);
+    ASSERT_TRUE(direct.shown.value(r_ + "/emu/2/M88.INI").contains(zWork.toLatin1()));
+
+    RunnerSettings s;
+    s.kind = RunnerKind::Wine;
+    s.wineProgram = bin_ + "/wine";
+    s.winePrefix = r_ + "/prefix";
+    s.driveTable = {"W:=" + r_ + "/app"};
+    Runners()[Emu::M88] = s;
+    const TestEmuRun wine = LaunchOnce(2);
+    const QByteArray ini = wine.shown.value(r_ + "/emu/2/M88.INI");
+    EXPECT_TRUE(ini.contains("W:\\TORVBOOT")) << ini.toStdString();
+    EXPECT_FALSE(ini.contains(zWork.toLatin1()));
+    EXPECT_EQ(ToWinePath(WorkDir), zWork);
+}
+
+// RND4M88, started beside M88, goes through M88's runner.
+TEST_F(RunnerRoad, Rnd4m88StartsWithM88sRunner)
+{
+    const QString dir = Emu(2);
+    ASSERT_FALSE(InstallTestEmu(dir, "RND4M88.EXE").isEmpty());
+    EmuOpt88 title;
+    SetDefaultEmuOpt88(title);
+    title.M88_1Op[23] = 1;
+    ItemBlock(title);
+    Cfg.DefOpt = 0;
+    Title(0, "GAME.D88");
+    RunnerSettings s;
+    s.kind = RunnerKind::Wine;
+    s.wineProgram = bin_ + "/wine";
+    s.winePrefix = r_ + "/prefix";
+    Runners()[Emu::M88] = s;
+    {
+        ScriptedMsgBox box;
+        RunSelectedItem(2);
+        EXPECT_TRUE(box.calls().empty());
+    }
+    QElapsedTimer t;
+    t.start();
+    auto wineRuns = [this] {
+        QStringList programs;
+        for (const TestRunnerRun& r : ReadTestRunnerLog(runnerLog_))
+            if (r.name == "wine")
+                programs << r.args.value(1);
+        return programs;
+    };
+    while (wineRuns().size() < 2 && t.elapsed() < 5000)
+        QThread::msleep(50);
+    QStringList programs = wineRuns();
+    programs.sort();
+    EXPECT_EQ(programs, (QStringList{dir + "/M88.EXE", dir + "/RND4M88.EXE"}));
+    // Let the companion end before the directory goes.
+    while (Runs().size() < 2 && t.elapsed() < 5000)
+        QThread::msleep(50);
+    QThread::msleep(400);
 }
 
 TEST_F(RunnerRoad, DosBoxStartsX1rFromDWithCCurrent)

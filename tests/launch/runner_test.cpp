@@ -396,6 +396,11 @@ TEST_F(RunnerTest, WinePathsThroughADriveTable)
               "F:" + QString(r_ + "/datax/z").replace('/', '\\'));
     EXPECT_EQ(WinePathOf("/usr/x", {}), "Z:\\usr\\x");
     EXPECT_EQ(WinePathOf("a/b.d88", table), "a\\b.d88");
+    // Set for a launch, the table gives every path handed over; cleared, "Z:" again.
+    SetWineDriveTable(table);
+    EXPECT_EQ(ToWinePath(r_ + "/data/y"), "D:\\y");
+    SetWineDriveTable({});
+    EXPECT_EQ(ToWinePath("/usr/x"), "Z:\\usr\\x");
 }
 
 TEST_F(RunnerTest, ANewWinePrefixIsPreparedFirst)

@@ -10,8 +10,11 @@
 #include "support/StubWindow.h"
 #include "support/TestEmu.h"
 
+#include <QClipboard>
 #include <QDateTime>
 #include <QDir>
+#include <QElapsedTimer>
+#include <QGuiApplication>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <QWidget>
@@ -207,6 +210,29 @@ private slots:
         QCOMPARE(r.args.value(1), QStringLiteral("a b \"c\" $d;e 日本語.d88"));
         QCOMPARE(r.keys(), QStringList{"F12"});
         QVERIFY(r.exited);
+    }
+
+    // For a Wine emulator a clipboard text goes on both selections, and our events are served
+    // for the settle time before the keys: a text taken meanwhile by another client arrives.
+    void clipSettleServesBothSelections()
+    {
+        QClipboard* cb = QGuiApplication::clipboard();
+        QVERIFY(cb->supportsSelection());
+        SetClipSettle(kWineClipSettleMs);
+        QElapsedTimer t;
+        t.start();
+        SetClipText(QStringLiteral("ゲーム 選択.D88"));
+        const qint64 ms = t.elapsed();
+        SetClipSettle(0);
+        QVERIFY(ms >= kWineClipSettleMs);
+        QCOMPARE(cb->text(QClipboard::Clipboard), QStringLiteral("ゲーム 選択.D88"));
+        QCOMPARE(cb->text(QClipboard::Selection), QStringLiteral("ゲーム 選択.D88"));
+        // Without the settle only the clipboard changes, at once.
+        t.restart();
+        SetClipText(QStringLiteral("PLAIN.D88"));
+        QVERIFY(t.elapsed() < kWineClipSettleMs);
+        QCOMPARE(cb->text(QClipboard::Clipboard), QStringLiteral("PLAIN.D88"));
+        QCOMPARE(cb->text(QClipboard::Selection), QStringLiteral("ゲーム 選択.D88"));
     }
 };
 
