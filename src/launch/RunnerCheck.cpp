@@ -87,7 +87,7 @@ QString VersionLine(const QString& what, const QString& program, const QStringLi
 
 QString CheckWinePath(const RunnerSettings& s)
 {
-    const QString ours = ToWinePath(WorkDir);
+    const QString ours = WinePathOf(WorkDir, s.driveTable);
     const QString prefix = WinePrefixOf(s);
     // A call into a prefix that was never prepared would prepare it, which takes long and is
     // the first launch's business.

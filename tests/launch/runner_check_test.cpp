@@ -250,3 +250,19 @@ TEST_F(RunnerCheckTest, AnEmulatorWithoutDirectory)
               "プログラム: （ディレクトリ未設定） — プログラムがありません\n"
               "[NG] ランナーなしで直接起動しますが、プログラムがありません\n");
 }
+
+TEST_F(RunnerCheckTest, WinePathThroughTheDriveTable)
+{
+    ASSERT_TRUE(WriteFile(emu + "/M88.EXE", Pe(0x8664)));
+    ScriptedProbe probe;
+    probe.answer("wine --version", "wine-8.0\n");
+    probe.file(r + "/prefix/system.reg");
+    probe.answer("winepath -w " + WorkDir, "T:\\TORVBOOT\n");
+    RunnerSettings s;
+    s.kind = RunnerKind::Wine;
+    s.winePrefix = r + "/prefix";
+    s.japaneseLocale = false;
+    s.driveTable = {"T:=" + AppDir + "/", "R:=" + r};
+    EXPECT_EQ(CheckRunner(Emu::M88, s).split('\n').value(3),
+              "[OK] winepath -w " + WorkDir + " → T:\\TORVBOOT（TORVANE の形と同じ）");
+}
