@@ -4,6 +4,7 @@
 #include "launch/DryRun.h"
 #include "launch/RunnerCheck.h"
 #include "platform/MsgBox.h"
+#include "settings/FilePickers.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -18,6 +19,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QStackedWidget>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -67,13 +69,26 @@ QPushButton* Button(const QString& text, const char* name, QWidget* parent)
     return b;
 }
 
-// A label that gives its field a key: Alt and the underlined letter.
-void AddRow(QFormLayout* form, const QString& text, QWidget* field, const char* labelName)
+// A label that gives its field a key: Alt and the underlined letter. `row` is what stands in
+// the form (the field, or the field with its browse button).
+void AddRow(QFormLayout* form, const QString& text, QWidget* field, const char* labelName,
+            QWidget* row = nullptr)
 {
     auto* l = new QLabel(text);
     l->setObjectName(QLatin1String(labelName));
     l->setBuddy(field);
-    form->addRow(l, field);
+    form->addRow(l, row ? row : field);
+}
+
+// A path field with its browse button beside it.
+QWidget* WithBrowse(QLineEdit* edit, QToolButton* button)
+{
+    auto* box = new QWidget;
+    auto* h = new QHBoxLayout(box);
+    h->setContentsMargins(0, 0, 0, 0);
+    h->addWidget(edit, 1);
+    h->addWidget(button);
+    return box;
 }
 
 QFormLayout* Form(QWidget* page)
@@ -95,6 +110,28 @@ frmRunner::frmRunner(QWidget* parent) : QDialog(parent)
     selectEmu(Emu::P88sr);
 }
 
+// "..." beside a path: the file dialog for a program, the directory picker for a prefix.
+QToolButton* frmRunner::Browse(const char* name, QLineEdit* edit, bool directory)
+{
+    auto* b = new QToolButton(this);
+    b->setObjectName(QLatin1String(name));
+    b->setText(QStringLiteral("..."));
+    b->setToolTip(directory ? QStringLiteral("ディレクトリを選ぶ")
+                            : QStringLiteral("プログラムを選ぶ"));
+    connect(b, &QToolButton::clicked, this, [this, edit, directory] {
+        if (directory) {
+            QString path = edit->text().trimmed();
+            if (Pickers().PickDir(path, this))
+                edit->setText(path);
+            return;
+        }
+        const QString file = Pickers().SelectFile(SelectKind::RunnerProgram, this);
+        if (!file.isEmpty())
+            edit->setText(file);
+    });
+    return b;
+}
+
 QWidget* frmRunner::buildWinePage()
 {
     auto* page = new QWidget;
@@ -102,10 +139,14 @@ QWidget* frmRunner::buildWinePage()
     QFormLayout* f = Form(page);
     txtWineProgram = Line("txtWineProgram", page);
     txtWineProgram->setPlaceholderText(QStringLiteral("wine（検索パスから）"));
-    AddRow(f, QStringLiteral("Wine プログラム(&W):"), txtWineProgram, "lblWineProgram");
+    cmdWineProgram = Browse("cmdWineProgram", txtWineProgram, false);
+    AddRow(f, QStringLiteral("Wine プログラム(&W):"), txtWineProgram, "lblWineProgram",
+           WithBrowse(txtWineProgram, cmdWineProgram));
     txtWinePrefix = Line("txtWinePrefix", page);
     txtWinePrefix->setPlaceholderText(QStringLiteral("Wine の既定（~/.wine）"));
-    AddRow(f, QStringLiteral("WINEPREFIX(&P):"), txtWinePrefix, "lblWinePrefix");
+    cmdWinePrefix = Browse("cmdWinePrefix", txtWinePrefix, true);
+    AddRow(f, QStringLiteral("WINEPREFIX(&P):"), txtWinePrefix, "lblWinePrefix",
+           WithBrowse(txtWinePrefix, cmdWinePrefix));
     chkWineJapanese = new QCheckBox(QStringLiteral("日本語ロケール ja_JP.UTF-8 で起動(&J)"), page);
     chkWineJapanese->setObjectName(QStringLiteral("chkWineJapanese"));
     f->addRow(QString(), chkWineJapanese);
@@ -128,7 +169,9 @@ QWidget* frmRunner::buildDosBoxPage()
     QFormLayout* f = Form(page);
     txtDosBoxProgram = Line("txtDosBoxProgram", page);
     txtDosBoxProgram->setPlaceholderText(QStringLiteral("dosbox（検索パスから）"));
-    AddRow(f, QStringLiteral("DOSBox プログラム(&B):"), txtDosBoxProgram, "lblDosBoxProgram");
+    cmdDosBoxProgram = Browse("cmdDosBoxProgram", txtDosBoxProgram, false);
+    AddRow(f, QStringLiteral("DOSBox プログラム(&B):"), txtDosBoxProgram, "lblDosBoxProgram",
+           WithBrowse(txtDosBoxProgram, cmdDosBoxProgram));
     cbxDosBoxFlavour = new QComboBox(page);
     cbxDosBoxFlavour->setObjectName(QStringLiteral("cbxDosBoxFlavour"));
     cbxDosBoxFlavour->addItem(QStringLiteral("DOSBox"), int(DosBoxFlavour::Classic));
@@ -145,7 +188,9 @@ QWidget* frmRunner::buildJavaPage()
     QFormLayout* f = Form(page);
     txtJavaProgram = Line("txtJavaProgram", page);
     txtJavaProgram->setPlaceholderText(QStringLiteral("TORVANE ｵﾌﾟｼｮﾝの JavaVM、なければ java"));
-    AddRow(f, QStringLiteral("Java プログラム(&V):"), txtJavaProgram, "lblJavaProgram");
+    cmdJavaProgram = Browse("cmdJavaProgram", txtJavaProgram, false);
+    AddRow(f, QStringLiteral("Java プログラム(&V):"), txtJavaProgram, "lblJavaProgram",
+           WithBrowse(txtJavaProgram, cmdJavaProgram));
     txtJvmArguments = Line("txtJvmArguments", page);
     txtJvmArguments->setPlaceholderText(QStringLiteral("例: -Xmx256m"));
     AddRow(f, QStringLiteral("JVM 引数(&M):"), txtJvmArguments, "lblJvmArguments");

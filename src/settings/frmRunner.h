@@ -17,6 +17,7 @@ class QLineEdit;
 class QPlainTextEdit;
 class QPushButton;
 class QStackedWidget;
+class QToolButton;
 class QTreeWidget;
 class QTreeWidgetItem;
 
@@ -33,6 +34,7 @@ public:
     QLabel* lblRunnerWarn;
     QStackedWidget* fraRunnerKind; // pages: none, Wine, DOSBox, Java
     QLineEdit *txtWineProgram, *txtWinePrefix, *txtWineDebug, *txtWineDllOverrides;
+    QToolButton *cmdWineProgram, *cmdWinePrefix, *cmdDosBoxProgram, *cmdJavaProgram;
     QCheckBox* chkWineJapanese;
     QPlainTextEdit* txtWineDrives;
     QLineEdit* txtDosBoxProgram;
@@ -56,6 +58,7 @@ public:
 
 private:
     void build();
+    QToolButton* Browse(const char* name, QLineEdit* edit, bool directory);
     QWidget* buildWinePage();
     QWidget* buildDosBoxPage();
     QWidget* buildJavaPage();

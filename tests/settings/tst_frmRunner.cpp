@@ -7,6 +7,7 @@
 #include "support/GuardedDirs.h"
 #include "support/ProcessState.h"
 #include "support/ScriptedMsgBox.h"
+#include "support/ScriptedPickers.h"
 #include "support/ScriptedProbe.h"
 #include "support/StubWindow.h"
 #include "util/Globals.h"
@@ -22,6 +23,7 @@
 #include <QStackedWidget>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QToolButton>
 #include <QTreeWidget>
 #include <optional>
 
@@ -117,7 +119,9 @@ private slots:
                                  "txtRunnerEnv",     "cmdRunnerCheck",
                                  "cmdRunnerCommand", "cmdRunnerDryRun",
                                  "txtRunnerReport",  "cmdOK",
-                                 "cmdCancel"})
+                                 "cmdCancel",        "cmdWineProgram",
+                                 "cmdWinePrefix",    "cmdDosBoxProgram",
+                                 "cmdJavaProgram"})
             QVERIFY2(d.findChild<QWidget*>(QLatin1String(name)), name);
         // Every control the user reaches carries a name.
         for (QWidget* w : d.findChildren<QWidget*>())
@@ -293,6 +297,31 @@ private slots:
                  "Emulator だけを起動します（待たずに戻ります）:\n"
                  "  " +
                      m88 + "/M88.EXE（" + m88 + " で）\n");
+    }
+
+    void browseButtonsFillTheFields()
+    {
+        tvtest::ScriptedPickers pickers;
+        pickers.file("/opt/wine/bin/wine");
+        pickers.dir(root.path() + "/pfx");
+        pickers.file(""); // cancelled
+        pickers.file("/usr/lib/jvm/bin/java");
+        frmRunner d;
+        d.selectEmu(Emu::M88);
+        d.txtWinePrefix->setText("/start");
+        QTest::mouseClick(d.cmdWineProgram, Qt::LeftButton);
+        QTest::mouseClick(d.cmdWinePrefix, Qt::LeftButton);
+        d.txtDosBoxProgram->setText("dosbox-x");
+        QTest::mouseClick(d.cmdDosBoxProgram, Qt::LeftButton);
+        QTest::mouseClick(d.cmdJavaProgram, Qt::LeftButton);
+        QCOMPARE(d.txtWineProgram->text(), QStringLiteral("/opt/wine/bin/wine"));
+        QCOMPARE(d.txtWinePrefix->text(), root.path() + "/pfx");
+        QCOMPARE(d.txtDosBoxProgram->text(), QStringLiteral("dosbox-x"));
+        QCOMPARE(d.txtJavaProgram->text(), QStringLiteral("/usr/lib/jvm/bin/java"));
+        const QString program = QStringLiteral("file:%1").arg(int(SelectKind::RunnerProgram));
+        QCOMPARE(pickers.calls, QStringList({program, "dir:/start", program, program}));
+        QCOMPARE(SelectFileFilter(SelectKind::RunnerProgram).display,
+                 QStringLiteral("プログラム (*)"));
     }
 
     void keyboardReachesTheFields()
