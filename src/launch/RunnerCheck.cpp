@@ -238,7 +238,10 @@ QString RunnerMismatchText(Emu emu, ProgramHeader h, RunnerKind chosen)
         if (h == ProgramHeader::Com)
             return QStringLiteral(
                 "ヘッダのない .COM は直接には起動できません（DOSBox を選んでください）");
-        if (windows || dos)
+        if (dos)
+            return QStringLiteral(
+                "DOS のプログラムは直接には起動できません（DOSBox を選んでください）");
+        if (windows)
             return QStringLiteral("直接起動は Wine が実行形式に登録されているときだけ動きます"
                                   "（ヘッダは %1）")
                 .arg(ProgramHeaderText(h));

@@ -99,6 +99,8 @@ TEST(RunnerCheckTexts, MismatchWarnings)
     EXPECT_EQ(RunnerMismatchText(Emu::M88, H::Pe, K::Direct),
               "直接起動は Wine が実行形式に登録されているときだけ動きます"
               "（ヘッダは Windows のプログラム (PE)）");
+    EXPECT_EQ(RunnerMismatchText(Emu::X1emu, H::Mz, K::Direct),
+              "DOS のプログラムは直接には起動できません（DOSBox を選んでください）");
     EXPECT_EQ(RunnerMismatchText(Emu::M88, H::Pe, K::Java), "Java で起動するのは j80 だけです");
     EXPECT_EQ(RunnerMismatchText(Emu::J80, H::Unknown, K::Wine),
               "ヘッダは 種類の分からないファイル です。Wine では起動できません");
