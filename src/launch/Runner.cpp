@@ -290,9 +290,12 @@ bool PrepareRunner(Emu emu, const QString& programPath, const QStringList& dosNa
         }
     }
     if (kind == RunnerKind::Wine && !WinePrefixPrepared(s)) {
+        // The window serves its events meanwhile but takes no second launch.
+        Window().SetMainEnabled(false);
         Window().SetStatusText(kWinePrepareStatusText);
         const bool ok = BootWinePrefix(s, OutputFileOf(emu));
         Window().SetStatusText(kLaunchStatusText);
+        Window().SetMainEnabled(true);
         if (!ok) {
             if (why)
                 *why = kWinePrefixText.arg(WinePrefixOf(s));

@@ -314,6 +314,39 @@ TEST_F(RunnerRoad, APrefixThatCantBePreparedEndsTheLaunch)
     EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
+// A command that DOS can't carry, known only once the branch has made it, ends the launch with
+// everything put back as after any launch: here QUASI88, a Windows program, set to DOSBox,
+// whose directories are Wine paths.
+TEST_F(RunnerRoad, ACommandDosCantCarryIsUndoneAndTold)
+{
+    Cfg.Q88CfgChk = 0;
+    Cfg.PanUse = 0;
+    const QString dir = Emu(5);
+    const QStringList before = QDir(dir).entryList(QDir::Files);
+    Title(0, "GAME.D88");
+    RunnerSettings s;
+    s.kind = RunnerKind::DosBox;
+    s.dosboxProgram = bin_ + "/dosbox";
+    Runners()[Emu::QUASI88] = s;
+
+    ScriptedMsgBox box;
+    RunSelectedItem(5);
+
+    ASSERT_EQ(box.calls().size(), 1u);
+    EXPECT_EQ(box.calls()[0].text,
+              kDosNameText.arg("「" + ToWinePath(dir) +
+                               "」は8.3形式（名前8文字・拡張子3文字まで）の名前ではありません。"));
+    EXPECT_EQ(box.calls()[0].caption, "Emu実行エラー");
+    EXPECT_TRUE(Runs().empty());
+    EXPECT_FALSE(QFileInfo::exists(runnerLog_));
+    EXPECT_EQ(QDir(dir).entryList(QDir::Files), before);
+    EXPECT_TRUE(WorkFiles().isEmpty());
+    EXPECT_TRUE(
+        QDir(EnvTmpDir)
+            .entryList({"torvane-run-*"}, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)
+            .isEmpty());
+}
+
 // The bare emulator goes through its runner too, started in its directory.
 TEST_F(RunnerRoad, TheBareEmulatorStartsThroughItsRunner)
 {

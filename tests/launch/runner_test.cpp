@@ -421,7 +421,11 @@ TEST_F(RunnerTest, ANewWinePrefixIsPreparedFirst)
     EXPECT_EQ(runs[0].args, QStringList({r_ + "/bin/wineboot", "-i"}));
     EXPECT_EQ(runs[0].env.value("WINEPREFIX"), r_ + "/prefix");
     EXPECT_EQ(runs[0].env.value("WINEDLLOVERRIDES"), "mscoree,mshtml=");
-    EXPECT_TRUE(window_->calls.contains("Status:Wine環境を準備中．．"));
+    const qsizetype status = window_->calls.indexOf("Status:Wine環境を準備中．．");
+    ASSERT_GE(status, 1);
+    EXPECT_EQ(window_->calls.mid(status - 1, 4),
+              (QStringList{"Disable", "Status:Wine環境を準備中．．", "Status:Emulator起動中．．",
+                           "Enable"}));
     // Prepared once, never again.
     ASSERT_TRUE(PrepareRunner(Emu::M88, r_ + "/emu/M88.EXE", {}, s, &why));
     EXPECT_EQ(ReadTestRunnerLog(r_ + "/runner.log").size(), 1u);

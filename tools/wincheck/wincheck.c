@@ -8,6 +8,7 @@
  *   END <reason>              "alt-o" after Alt+O, or "timeout" after 20 seconds
  * It shows one window, which takes the keys; it ends after Alt+O or the timeout. */
 #include <windows.h>
+/* shellapi.h needs the types of windows.h first. */
 #include <shellapi.h>
 #include <stdio.h>
 #include <wchar.h>
@@ -123,7 +124,8 @@ int WINAPI WinMain(HINSTANCE inst, HINSTANCE prev, LPSTR cmd, int show)
         swprintf(line, 2048, L"%ls %ls", num, argv[i]);
         Line(L"ARG", line);
         f = CreateFileW(argv[i], GENERIC_READ, FILE_SHARE_READ, NULL, OPEN_EXISTING, 0, NULL);
-        swprintf(line, 2048, L"%ls %ls", argv[i], f == INVALID_HANDLE_VALUE ? L"MISSING" : L"FOUND");
+        swprintf(line, 2048, L"%ls %ls", argv[i],
+                 f == INVALID_HANDLE_VALUE ? L"MISSING" : L"FOUND");
         Line(L"OPEN", line);
         if (f != INVALID_HANDLE_VALUE)
             CloseHandle(f);
