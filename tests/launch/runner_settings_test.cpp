@@ -8,6 +8,7 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
+#include <random>
 
 using namespace tv;
 
@@ -221,4 +222,64 @@ TEST_F(RunnerSettingsFile, APlaceThatCannotBeWrittenIsReported)
     EXPECT_FALSE(SaveRunnerSettings(path, t));
     EXPECT_TRUE(QDir(path + "/inside").exists());
     EXPECT_TRUE(LoadRunnerSettings(path).empty());
+}
+
+// Files made of the pieces a settings file has, in any order: reading never fails, and what
+// a save writes reads back as the same table (what was understood is never lost or changed).
+TEST_F(RunnerSettingsFile, AnyFileReadsAndRoundTrips)
+{
+    const QStringList pieces = {"[M88]",
+                                "[x1r]",
+                                "[J80]",
+                                "[Nowhere]",
+                                "[broken",
+                                "kind=wine",
+                                "kind=DOSBOX",
+                                "kind=nothing",
+                                "japanese=0",
+                                "japanese=yes",
+                                "wine=/opt/w",
+                                "wineprefix= /p x ",
+                                "drive=D:=/d",
+                                "env=A=1",
+                                "env=",
+                                "dosboxflavour=x",
+                                "args=-a -b",
+                                "jvmargs=-X",
+                                "unknown=1",
+                                "=",
+                                "; c",
+                                "# c",
+                                "",
+                                " ",
+                                "\r",
+                                "ねこ=1",
+                                "[M88]x",
+                                "winedebug=",
+                                "dlloverrides=a,b=n"};
+    std::mt19937 rng(18);
+    const QString second = root.path() + "/second.ini";
+    for (int round = 0; round < 300; ++round) {
+        QStringList lines;
+        const int n = int(rng() % 30);
+        for (int i = 0; i < n; ++i)
+            lines << pieces[int(rng() % pieces.size())];
+        Write(path, lines.join(rng() % 2 ? "\n" : "\r\n").toUtf8());
+        const RunnerTable first = LoadRunnerSettings(path);
+        QFile::remove(second);
+        ASSERT_TRUE(SaveRunnerSettings(second, first));
+        const RunnerTable again = LoadRunnerSettings(second);
+        // Emulators at the defaults have no section in what is written.
+        RunnerTable expected;
+        for (const auto& [emu, s] : first)
+            if (!(s == RunnerSettings{}))
+                expected[emu] = s;
+        for (const auto& [emu, s] : again)
+            EXPECT_TRUE(expected.count(emu) ? expected.at(emu) == s : s == RunnerSettings{})
+                << lines.join(" | ").toStdString();
+        for (const auto& [emu, s] : expected)
+            EXPECT_TRUE(again.count(emu) && again.at(emu) == s) << lines.join(" | ").toStdString();
+        if (HasFailure())
+            break;
+    }
 }
