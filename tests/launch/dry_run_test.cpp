@@ -347,3 +347,40 @@ TEST_F(DryRunTest, MessagesOfTheRoadGoToTheReport)
     EXPECT_TRUE(rep.workDirLeft.isEmpty());
     EXPECT_FALSE(QFile::exists(dir + "/M88.ORG"));
 }
+
+TEST_F(DryRunTest, WineRunnerWithADriveTable)
+{
+    const QString dir = Emu(2);
+    Cfg.M88CfgChk = 1;
+    const QByteArray userIni("[M88p2 for Windows]\r\nFlags=0\r\n");
+    ASSERT_TRUE(WriteFile(dir + "/M88.INI", userIni));
+    const QString wine = r_ + "/bin/wine";
+    ASSERT_TRUE(WriteFile(wine, "#!/bin/sh\nexit 0\n"));
+    QFile::setPermissions(wine, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    ASSERT_TRUE(WriteFile(r_ + "/pfx/system.reg", "WINE REGISTRY\n"));
+    ASSERT_TRUE(WriteFile(r_ + "/images/GAME.D88", Image()));
+    Item(0, r_ + "/images/GAME.D88", "GAME.D88");
+    RunnerSettings s;
+    s.kind = RunnerKind::Wine;
+    s.wineProgram = wine;
+    s.winePrefix = r_ + "/pfx";
+    s.driveTable = {"W:=" + WorkDir, "E:=" + dir};
+
+    const DryRunReport rep = DryRunSelected(tv::Emu::M88, s);
+    ASSERT_TRUE(rep.emulatorStarted)
+        << rep.refusal.toStdString() << rep.messages.join("\n").toStdString();
+    ASSERT_TRUE(rep.outer.has_value());
+    EXPECT_EQ(rep.outer->shellLine(), "WINEPREFIX=" + r_ +
+                                          "/pfx WINEDEBUG=-all LANG=ja_JP.UTF-8 "
+                                          "LC_ALL=ja_JP.UTF-8 " +
+                                          wine + " " + dir + "/M88.EXE GAME.D88");
+    // The paths written for the emulator take the drive table's drives.
+    ASSERT_FALSE(rep.written.empty());
+    EXPECT_EQ(rep.written[0].path, dir + "/M88.INI");
+    EXPECT_TRUE(rep.written[0].bytes.contains("BIOSPath=E:\\\r\n"))
+        << rep.written[0].bytes.toStdString();
+    EXPECT_TRUE(rep.written[0].bytes.contains("Directory=W:\\\r\n"))
+        << rep.written[0].bytes.toStdString();
+    EXPECT_TRUE(rep.notRestored.isEmpty()) << rep.notRestored.join("\n").toStdString();
+    EXPECT_EQ(ReadFile(dir + "/M88.INI"), userIni);
+}
