@@ -197,7 +197,8 @@ QWidget* frmRunner::buildJavaPage()
     return page;
 }
 
-void frmRunner::build()
+// The emulators under their families; a family's row can't be chosen.
+void frmRunner::buildEmuList()
 {
     lstRunnerEmu = new QTreeWidget(this);
     lstRunnerEmu->setObjectName(QStringLiteral("lstRunnerEmu"));
@@ -218,13 +219,13 @@ void frmRunner::build()
         item->setData(0, Qt::UserRole, int(row.code()));
     }
     lstRunnerEmu->expandAll();
-    lstRunnerEmu->setMinimumWidth(lstRunnerEmu->fontMetrics().horizontalAdvance(
-                                      QStringLiteral("X & X1Turbo!  XM7 for Win32")) +
-                                  24);
-    auto* lblEmu = new QLabel(QStringLiteral("エミュレータ(&E):"), this);
-    lblEmu->setObjectName(QStringLiteral("lblRunnerEmu"));
-    lblEmu->setBuddy(lstRunnerEmu);
+    lstRunnerEmu->setMinimumWidth(
+        lstRunnerEmu->fontMetrics().horizontalAdvance(QStringLiteral("FM-7 & FM77AV")) + 48);
+}
 
+// The kind with its detection and warning, the fields of the kind, and those of every kind.
+QFormLayout* frmRunner::buildKindPanel()
+{
     cbxRunnerKind = new QComboBox(this);
     cbxRunnerKind->setObjectName(QStringLiteral("cbxRunnerKind"));
     for (RunnerKind k : kKinds)
@@ -259,6 +260,16 @@ void frmRunner::build()
     txtRunnerEnv = Lines("txtRunnerEnv", this);
     txtRunnerEnv->setPlaceholderText(QStringLiteral("NAME=値（1 行に 1 つ）"));
     AddRow(right, QStringLiteral("追加の環境変数(&N):"), txtRunnerEnv, "lblRunnerEnv");
+    return right;
+}
+
+void frmRunner::build()
+{
+    buildEmuList();
+    auto* lblEmu = new QLabel(QStringLiteral("エミュレータ(&E):"), this);
+    lblEmu->setObjectName(QStringLiteral("lblRunnerEmu"));
+    lblEmu->setBuddy(lstRunnerEmu);
+    QFormLayout* right = buildKindPanel();
 
     cmdRunnerCheck = Button(QStringLiteral("確認(&C)"), "cmdRunnerCheck", this);
     cmdRunnerCommand = Button(QStringLiteral("コマンド表示(&S)"), "cmdRunnerCommand", this);

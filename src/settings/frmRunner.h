@@ -12,6 +12,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QFormLayout;
 class QLabel;
 class QLineEdit;
 class QPlainTextEdit;
@@ -58,6 +59,8 @@ public:
 
 private:
     void build();
+    void buildEmuList();
+    QFormLayout* buildKindPanel();
     QToolButton* Browse(const char* name, QLineEdit* edit, bool directory);
     QWidget* buildWinePage();
     QWidget* buildDosBoxPage();
