@@ -10,14 +10,35 @@
 #include <QDir>
 #include <QFile>
 #include <QProcess>
+#include <utility>
 
 namespace tv {
+
+namespace {
+
+ProcessRecorder*& Recorder()
+{
+    static ProcessRecorder* recorder = nullptr;
+    return recorder;
+}
+
+} // namespace
+
+ProcessRecorder* InstallProcessRecorder(ProcessRecorder* recorder)
+{
+    return std::exchange(Recorder(), recorder);
+}
 
 EmuProcess::EmuProcess() = default;
 EmuProcess::~EmuProcess() = default;
 
 bool EmuProcess::start(const LaunchCommand& cmd)
 {
+    if (ProcessRecorder* r = Recorder()) {
+        r->started(cmd, nullptr, false);
+        recorded_ = true;
+        return true;
+    }
     proc_ = std::make_unique<QProcess>();
     proc_->setProgram(cmd.program);
     proc_->setArguments(cmd.argumentValues());
@@ -61,8 +82,13 @@ void Configure(QProcess& p, const RunnerCommand& rc)
 
 } // namespace
 
-bool EmuProcess::start(const RunnerCommand& cmd)
+bool EmuProcess::start(const RunnerCommand& cmd, const LaunchCommand* specified)
 {
+    if (ProcessRecorder* r = Recorder()) {
+        r->started(specified ? *specified : LaunchCommand(cmd.program), &cmd, false);
+        recorded_ = true;
+        return true;
+    }
     proc_ = std::make_unique<QProcess>();
     Configure(*proc_, cmd);
     proc_->start(QIODevice::ReadOnly);
@@ -80,6 +106,8 @@ int64_t EmuProcess::pid() const
 
 int EmuProcess::exitCode()
 {
+    if (recorded_)
+        return 0;
     if (!proc_)
         return 1;
     if (proc_->state() != QProcess::NotRunning)
@@ -91,6 +119,10 @@ int EmuProcess::exitCode()
 
 bool StartDetached(const LaunchCommand& cmd)
 {
+    if (ProcessRecorder* r = Recorder()) {
+        r->started(cmd, nullptr, true);
+        return true;
+    }
     return QProcess::startDetached(cmd.program, cmd.argumentValues(),
                                    cmd.workingDir.isEmpty() ? QDir::currentPath() : cmd.workingDir);
 }
@@ -98,6 +130,10 @@ bool StartDetached(const LaunchCommand& cmd)
 bool StartDetached(Emu emu, const LaunchCommand& cmd, QString* why)
 {
     auto outer = WrapCommand(emu, cmd, RunnerOf(emu), why);
+    if (ProcessRecorder* r = Recorder(); r && outer) {
+        r->started(cmd, &*outer, true);
+        return true;
+    }
     // The generated files of a detached run stay while it runs: the runner reads them.
     if (!outer || !CreateRunnerFiles(*outer, why))
         return false;
@@ -145,7 +181,7 @@ void ExecEmulator(const LaunchCommand& CmdLine, int16_t EmuCode, const QString& 
         throw EmulatorStartError(CmdLine.program, why);
     }
     EmuProcess proc;
-    if (!proc.start(*outer)) {
+    if (!proc.start(*outer, &CmdLine)) {
         // The launch ends here; a main window left disabled could never be used again.
         RemoveRunnerFiles(*outer);
         EnableMain(true);

@@ -21,6 +21,18 @@ struct RunnerCommand;
 // The exit code a process has while it is still running.
 inline constexpr int kStillActive = 259;
 
+// A dry run takes the place of the processes a launch starts: each start is handed to it
+// instead, and the process counts as ended at once with code 0. Null: processes start.
+class ProcessRecorder {
+public:
+    virtual ~ProcessRecorder() = default;
+    // The emulator's specified command (`detached` false, waited for), or a program started
+    // beside it; `outer` is the runner's command that would have been started, when there is one.
+    virtual void started(const LaunchCommand& cmd, const RunnerCommand* outer, bool detached) = 0;
+};
+// Installs `recorder` (null: none) and returns the one it replaces.
+ProcessRecorder* InstallProcessRecorder(ProcessRecorder* recorder);
+
 // An emulator process started from a launch command, in the current directory unless the
 // command names one. Its output goes where the program's own goes; started from a runner's
 // outer command, the runner's environment reaches it and its output goes to the runner's file
@@ -33,7 +45,8 @@ public:
     EmuProcess& operator=(const EmuProcess&) = delete;
 
     bool start(const LaunchCommand& cmd);
-    bool start(const RunnerCommand& cmd);
+    // `specified` is the command the runner wraps, for a dry run's recorder.
+    bool start(const RunnerCommand& cmd, const LaunchCommand* specified = nullptr);
     int64_t pid() const;
     // kStillActive while the process runs, else its exit code (8 bits on POSIX, so a
     // process can't end with the code that means running); a crash gives 1.
@@ -41,6 +54,7 @@ public:
 
 private:
     std::unique_ptr<QProcess> proc_;
+    bool recorded_ = false; // handed to the dry run's recorder
 };
 
 // Starts a program without keeping anything of it.

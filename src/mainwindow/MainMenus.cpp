@@ -103,6 +103,8 @@ MainMenus BuildMainMenus(QMainWindow* window)
                          QStringLiteral("Emulator基本設定(&E)..."), true);
     m.mnuOptionTORVOp = add(m.munOption, QStringLiteral("mnuOptionTORVOp"),
                             QStringLiteral("TORVANE ｵﾌﾟｼｮﾝ(&O)..."), false);
+    m.mnuOptionRunner = add(m.munOption, QStringLiteral("mnuOptionRunner"),
+                            QStringLiteral("ランナー設定(&R)..."), true);
 
     // The program options dialog comes later: its entry stays disabled and says so.
     m.mnuOptionTORVOp->setToolTip(QStringLiteral("この機能は後の版で使えるようになります"));

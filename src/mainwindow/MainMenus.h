@@ -61,6 +61,7 @@ struct MainMenus {
     QMenu* munOption = nullptr;
     QAction* mnuOptionCfg = nullptr;
     QAction* mnuOptionTORVOp = nullptr;
+    QAction* mnuOptionRunner = nullptr; // "ランナー設定": how each emulator is started here
 
     QMenu* mnuHelp = nullptr;
     QAction* mnuHelpTORVANE = nullptr;

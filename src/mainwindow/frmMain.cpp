@@ -11,6 +11,7 @@
 #include "registration/frmLstMake.h"
 #include "settings/frmAbout.h"
 #include "settings/frmCfg.h"
+#include "settings/frmRunner.h"
 #include "startup/ValidateCfg.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
@@ -118,6 +119,10 @@ void frmMain::ConnectMenus()
 {
     connect(menus.mnuFileEnd, &QAction::triggered, this, &QWidget::close);
     connect(menus.mnuOptionCfg, &QAction::triggered, this, [this] { ShowCfgDialog(); });
+    connect(menus.mnuOptionRunner, &QAction::triggered, this, [this] {
+        frmRunner dlg(this);
+        dlg.exec();
+    });
     connect(menus.mnuEditAddItem, &QAction::triggered, this, [this] { OpenItemEditor(true); });
     connect(menus.mnuEditChangeItem, &QAction::triggered, this, [this] { OpenItemEditor(false); });
     menus.mnuToolColEditor->setEnabled(true);

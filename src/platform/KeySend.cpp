@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QGuiApplication>
 #include <QSet>
+#include <utility>
 
 namespace tv {
 
@@ -16,6 +17,12 @@ std::vector<InputRecord>& Log()
 {
     static std::vector<InputRecord> log;
     return log;
+}
+
+bool& RecordOnly()
+{
+    static bool on = false;
+    return on;
 }
 
 int64_t& Target()
@@ -159,7 +166,7 @@ bool SendKeys(const QString& notation, bool wait)
     if (!strokes)
         return false;
     InputRecord rec{InputRecord::Keys, notation, false, QDateTime::currentMSecsSinceEpoch()};
-    if (detail::X11Available()) {
+    if (!RecordOnly() && detail::X11Available()) {
         if (Target() != 0)
             detail::X11WaitForFocus(Target(), kFocusWaitMs);
         rec.msecs = QDateTime::currentMSecsSinceEpoch();
@@ -171,6 +178,10 @@ bool SendKeys(const QString& notation, bool wait)
 
 void SetClipText(const QString& text)
 {
+    if (RecordOnly()) {
+        Log().push_back({InputRecord::Clip, text, false, QDateTime::currentMSecsSinceEpoch()});
+        return;
+    }
     QClipboard* cb = QGuiApplication::clipboard();
     cb->clear();
     cb->setText(text);
@@ -183,6 +194,11 @@ void SetClipText(const QString& text)
             QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
     Log().push_back({InputRecord::Clip, text, true, QDateTime::currentMSecsSinceEpoch()});
+}
+
+bool SetInputRecordOnly(bool on)
+{
+    return std::exchange(RecordOnly(), on);
 }
 
 void SetClipSettle(int settleMs)

@@ -33,9 +33,10 @@ std::optional<std::vector<KeyStroke>> ParseKeys(const QString& notation);
 
 struct InputRecord {
     enum Kind { Clip, Keys } kind = Keys;
-    QString text;           // the clipboard text, or the key notation
-    bool delivered = false; // keys sent to a display; clipboard texts are always set
-    int64_t msecs = 0;      // wall clock, milliseconds since the epoch
+    QString text; // the clipboard text, or the key notation
+    // Keys sent to a display; a clipboard text set (all but those of a dry run).
+    bool delivered = false;
+    int64_t msecs = 0; // wall clock, milliseconds since the epoch
 };
 
 // Sends a key sequence. `wait` asks to return only when the target has handled the keys.
@@ -51,6 +52,9 @@ void SetClipText(const QString& text);
 // it. 0 forgets the target.
 void SetKeyTarget(int64_t pid);
 
+// A dry run of a launch: sequences and clipboard texts are recorded as always, but no key is
+// sent and the clipboard is left as it is. Returns the setting it replaces.
+bool SetInputRecordOnly(bool on);
 // For a target that reads the X11 selections through a bridge of its own (Wine): a non-zero
 // value puts each clipboard text on PRIMARY as well as on CLIPBOARD and then serves events
 // for that many milliseconds, so the bridge can fetch the text before the keys that paste it.

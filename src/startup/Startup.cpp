@@ -1,6 +1,7 @@
 #include "startup/Startup.h"
 
 #include "data/Cfg.h"
+#include "launch/Runner.h"
 #include "platform/MsgBox.h"
 #include "startup/ValidateCfg.h"
 #include "util/Globals.h"
@@ -119,6 +120,10 @@ bool Startup::Run()
 
     // The tables.
     InitTables(); // also names the help file
+
+    // How each emulator is started on this desktop: its own file, so TORVANE.CFG keeps its
+    // bytes; a missing file means the defaults.
+    Runners() = LoadRunnerSettings(RunnerSettingsPath());
 
     // The list style.
     Window().SetListExStyle();

@@ -178,6 +178,8 @@ SelectFilter SelectFileFilter(SelectKind kind)
         return f("j80 FONT File (*.FON)", "*.FON");
     case SelectKind::J80Other:
         return f("j80 CRT/KEY/PEN File (*.*)", "*.*");
+    case SelectKind::RunnerProgram:
+        return f("プログラム (*)", "*");
     default:
         break;
     }

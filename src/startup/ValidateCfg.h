@@ -42,6 +42,7 @@ enum class SelectKind {
     J80Rom,
     J80Font,
     J80Other,
+    RunnerProgram, // Wine, DOSBox or Java for the runner settings
 };
 inline const QString kSelectFileTitle = QStringLiteral("ファイルを選択して下さい。");
 struct SelectFilter {

@@ -5,6 +5,9 @@
 #include "mainwindow/frmMain.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QDialog>
+#include <QTimer>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -97,6 +100,7 @@ const QStringList kExpected = {
     "munOption|オプション(&O)",
     "  mnuOptionCfg|Emulator基本設定(&E)...|e",
     "  mnuOptionTORVOp|TORVANE ｵﾌﾟｼｮﾝ(&O)...|d",
+    "  mnuOptionRunner|ランナー設定(&R)...|e",
     "mnuHelp|ヘルプ(&H)",
     "  mnuHelpTORVANE|TORVANE ヘルプ(&H)|e",
     "  mnuHelpTopic|トピックの検索(&S)|e",
@@ -129,6 +133,20 @@ private slots:
         QVERIFY(i >= 0);
         expected[i] = QStringLiteral("  mnuToolColEditor|カラムエディタ(&E)...|e");
         QCOMPARE(layout(&w, w.menus), expected);
+    }
+
+    void runnerEntryOpensTheRunnerDialog()
+    {
+        frmMain w;
+        QString opened;
+        QTimer::singleShot(0, [&] {
+            QWidget* d = QApplication::activeModalWidget();
+            opened = d ? d->objectName() + QLatin1Char('|') + d->windowTitle() : QString();
+            if (auto* dlg = qobject_cast<QDialog*>(d))
+                dlg->reject();
+        });
+        w.menus.mnuOptionRunner->trigger();
+        QCOMPARE(opened, QStringLiteral("frmRunner|ランナー設定"));
     }
 
     void typedMembersAreTheNamedEntries()
