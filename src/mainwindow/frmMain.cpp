@@ -11,6 +11,7 @@
 #include "registration/frmLstMake.h"
 #include "settings/frmAbout.h"
 #include "settings/frmCfg.h"
+#include "settings/frmOpt.h"
 #include "startup/ValidateCfg.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
@@ -118,6 +119,10 @@ void frmMain::ConnectMenus()
 {
     connect(menus.mnuFileEnd, &QAction::triggered, this, &QWidget::close);
     connect(menus.mnuOptionCfg, &QAction::triggered, this, [this] { ShowCfgDialog(); });
+    connect(menus.mnuOptionTORVOp, &QAction::triggered, this, [this] {
+        frmOpt dlg(this);
+        dlg.exec();
+    });
     connect(menus.mnuEditAddItem, &QAction::triggered, this, [this] { OpenItemEditor(true); });
     connect(menus.mnuEditChangeItem, &QAction::triggered, this, [this] { OpenItemEditor(false); });
     menus.mnuToolColEditor->setEnabled(true);
@@ -278,6 +283,9 @@ void frmMain::CfgStored()
         c->setChecked(there && Cfg.PanUse == 1);
         c->setEnabled(there);
     }
+    // The names of the free columns head their columns and sort entries.
+    lstModel->setHeaderData(3, Qt::Horizontal, VbTrim(Cfg.FreeColName1));
+    lstModel->setHeaderData(4, Qt::Horizontal, VbTrim(Cfg.FreeColName2));
     if (catalogue_)
         catalogue_->RefreshDetail(*this);
     ShowFamilyPath();

@@ -42,6 +42,7 @@ enum class SelectKind {
     J80Rom,
     J80Font,
     J80Other,
+    Picture,
 };
 inline const QString kSelectFileTitle = QStringLiteral("ファイルを選択して下さい。");
 struct SelectFilter {
