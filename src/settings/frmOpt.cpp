@@ -54,8 +54,10 @@ const char* const kFilterCaptions[6] = {
 
 bool IsJavaRuntimeName(const QString& path)
 {
-    const QString stem = GetFileBase(path).toUpper();
-    const QString ext = GetFileExt(path);
+    QString dir = path;
+    QString stem = SplitFileName(dir);
+    const QString ext = SplitFileExt(stem).toUpper(); // "" and the whole name without a point
+    stem = stem.toUpper();
     return (stem == QStringLiteral("JAVA") || stem == QStringLiteral("JAVAW")) &&
            (ext.isEmpty() || ext == QStringLiteral("EXE"));
 }
