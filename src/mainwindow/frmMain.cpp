@@ -444,6 +444,13 @@ void frmMain::SetTaskIcon()
         tray_ = new QSystemTrayIcon(windowIcon(), this);
         tray_->setObjectName(QStringLiteral("trayIcon"));
         tray_->setContextMenu(menus.mnuTaskBar);
+        // The desktop opens the menu by itself; while the window is held by a dialog, a drop
+        // or a launch its entries do nothing, so that the exit can't cut into them.
+        connect(menus.mnuTaskBar, &QMenu::aboutToShow, this, [this] {
+            const bool free = isEnabled() && !QApplication::activeModalWidget();
+            menus.mnuTaskBarTORVOpen->setEnabled(free);
+            menus.mnuTaskBarTORVClose->setEnabled(free);
+        });
         connect(tray_, &QSystemTrayIcon::activated, this,
                 [this](QSystemTrayIcon::ActivationReason r) {
                     // The tray does nothing while a modal dialog holds the window.

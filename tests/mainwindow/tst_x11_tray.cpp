@@ -228,6 +228,18 @@ private slots:
         w.showMinimized();
         QTRY_VERIFY(w.isMinimized());
         QCOMPARE(int(TrayWindowState), 2);
+        // While the window is held (a dialog, a drop) the tray does nothing.
+        w.setEnabled(false);
+        pointer.click(1);
+        QThread::msleep(60);
+        pointer.click(1);
+        QTest::qWait(500);
+        QVERIFY(w.isMinimized());
+        pointer.click(3);
+        QTest::qWait(500);
+        QVERIFY(!w.menus.mnuTaskBar->isVisible());
+        w.setEnabled(true);
+        QTest::qWait(400); // no double click out of the clicks before
         pointer.click(1);
         QThread::msleep(60);
         pointer.click(1);
@@ -240,6 +252,7 @@ private slots:
         QCOMPARE(menu->actions().size(), 2);
         QCOMPARE(menu->actions()[0]->text(), QStringLiteral("TORVANE を開く(&O)"));
         QCOMPARE(menu->actions()[1]->text(), QStringLiteral("TORVANE を終了(&X)"));
+        QVERIFY(w.menus.mnuTaskBarTORVClose->isEnabled());
         QVERIFY(QFileInfo::exists(app + "/TORVBOOT"));
         const QRect entry = menu->actionGeometry(w.menus.mnuTaskBarTORVClose);
         pointer.moveTo(menu->mapToGlobal(entry.center()));
