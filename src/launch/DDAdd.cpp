@@ -270,7 +270,8 @@ DDAdd::Outcome DDAdd::AddArchive(const QString& path, const QString& name)
     }
     if (!WorkDirReady())
         return Outcome::Failed;
-    if (ArcMelt(Window().Owner(), path, WorkDir, QString(), kArcFalse, kArcTrue) != 0) {
+    QObject* owner = progressOwner ? progressOwner : Window().Owner();
+    if (ArcMelt(owner, path, WorkDir, QString(), kArcFalse, kArcTrue) != 0) {
         CleanWorkDir();
         return Outcome::Failed;
     }

@@ -4,6 +4,7 @@
 // told without asking (title from the name or a text file beside it, default options), and a
 // stop by the user or a catalogue that can't be written brings the catalogue and the list back
 // to the copy. The side lists keep what was added. No widgets: the progress window calls in.
+#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <cstdint>
@@ -50,6 +51,8 @@ public:
     std::function<void(int, const QString&)> onFile;
     // Lets the window serve its events; empty for none.
     std::function<void()> yield;
+    // Owner of the archivers' progress windows; null takes the main window's.
+    QObject* progressOwner = nullptr;
 
     int fileCount() const { return int(files_.size()); }
     int failures() const { return failures_; }

@@ -603,6 +603,11 @@ QObject* frmMain::Owner()
 
 void frmMain::closeEvent(QCloseEvent* e)
 {
+    // A window held by a drop or a launch doesn't end under them.
+    if (!isEnabled()) {
+        e->ignore();
+        return;
+    }
     if (startup_ && !unloaded_) {
         unloaded_ = true;
         startup_->FormUnload();

@@ -59,6 +59,8 @@ frmDDAdd::frmDDAdd(const QStringList& files, CatalogueUi* list, QWidget* mainWin
     ready_ = core_.Begin();
     lblMaxCnt->setText(DDAddMaxCountText(int(files.size())));
     lblFileCnt->setText(QStringLiteral("0"));
+    // The archivers' progress shows over this window: the main window is disabled meanwhile.
+    core_.progressOwner = this;
     core_.yield = [] { QCoreApplication::processEvents(QEventLoop::AllEvents); };
     core_.onFile = [this](int n, const QString& path) {
         lblFileCnt->setText(QString::number(n));

@@ -8,6 +8,7 @@
 #include "data/clsLst.h"
 #include "mainwindow/CatalogueUi.h"
 #include "mainwindow/MainMenus.h"
+#include "mainwindow/frmMain.h"
 #include "registration/frmDDAdd.h"
 #include "support/GuardedDirs.h"
 #include "support/ScriptedMsgBox.h"
@@ -181,6 +182,17 @@ private slots:
         QCOMPARE(ui->model()->rowCount(), 0);
         QCOMPARE(tvtest::ReadFile(AppDir + "/TORVANE.LST"), before);
         QVERIFY(!QFile::exists(AppDir + "/TORVANE.LSB"));
+    }
+
+    void aHeldMainWindowDoesNotClose()
+    {
+        frmMain m;
+        m.show();
+        m.setEnabled(false); // as during a drop
+        QVERIFY(!m.close());
+        QVERIFY(m.isVisible());
+        m.setEnabled(true);
+        QVERIFY(m.close());
     }
 
     void aDragWithoutFilesIsRefused()
