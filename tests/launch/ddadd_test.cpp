@@ -47,6 +47,8 @@ protected:
         Cfg.ColNonMakeFlag = 0;
         Cfg.CfgEmuOpt88.DefEmuRun = 2;
     }
+    // Every drop has ended by now (its core is gone): the roll-back copy never outlives it.
+    void TearDown() override { EXPECT_FALSE(QFile::exists(AppDir + "/TORVANE.LSB")); }
     QString drop(const QString& name, const QByteArray& bytes = QByteArray(300, 'd'))
     {
         const QString p = dirs.path("drop/") + name;

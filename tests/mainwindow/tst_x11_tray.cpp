@@ -266,6 +266,42 @@ private slots:
         QVERIFY(boxes.calls().empty());
     }
 
+    // A hidden start: the icon's double click shows the window in its remembered state, and a
+    // remembered minimised state comes back as normal.
+    void aHiddenStartComesBackInTheRememberedState_data()
+    {
+        QTest::addColumn<int>("remembered");
+        QTest::addColumn<bool>("maximised");
+        QTest::newRow("maximised") << 2 << true;
+        QTest::newRow("minimised") << 1 << false;
+    }
+    void aHiddenStartComesBackInTheRememberedState()
+    {
+        QFETCH(int, remembered);
+        QFETCH(bool, maximised);
+        writeCfg(1, uint8_t(remembered));
+        tvtest::ScriptedMsgBox boxes;
+        frmMain w;
+        QVERIFY(w.Load(env()));
+        QVERIFY(w.TrayIcon() && w.TrayIcon()->isVisible());
+        QTRY_VERIFY(w.isMinimized() || !w.isVisible());
+        QCOMPARE(int(TrayWindowState), maximised ? 2 : 0);
+        QWidget* icon = iconWidget();
+        QVERIFY(icon);
+        QTRY_VERIFY_WITH_TIMEOUT(pointer.insideTrayHost(icon->winId()), 10000);
+        QTest::qWait(300); // the host lays its icons out
+        const QPoint at = pointer.screenRect(icon->winId()).center();
+        pointer.moveTo(at);
+        QTest::qWait(100);
+        pointer.click(1);
+        QThread::msleep(60);
+        pointer.click(1);
+        QTRY_VERIFY_WITH_TIMEOUT(w.isVisible() && !w.isMinimized(), 10000);
+        QTRY_COMPARE(w.isMaximized(), maximised);
+        w.close();
+        QVERIFY(!QFileInfo::exists(app + "/TORVBOOT"));
+    }
+
     void cleanupTestCase()
     {
         if (trayer.state() != QProcess::NotRunning) {
