@@ -381,6 +381,35 @@ TEST_F(DDAddTest, AFullDiskMidwayRollsBackAndSaysSo)
     EXPECT_FALSE(QFile::exists(AppDir + "/TORVANE.LSB"));
 }
 
+TEST_F(DDAddTest, ACopyThatCantGoBackIsKeptAndNamed)
+{
+    seed();
+    const QString lst = AppDir + "/TORVANE.LST";
+    const QByteArray before = tvtest::ReadFile(lst);
+    DDAdd d({drop("N1.D88")}, &model);
+    ASSERT_TRUE(d.Begin());
+    // Not even the catalogue's own size fits any more: the record and the way back both fail.
+    rlimit old{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = old;
+    small.rlim_cur = rlim_t(before.size() - 10);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const bool result = d.Search();
+    setrlimit(RLIMIT_FSIZE, &old);
+    std::signal(SIGXFSZ, oldHandler);
+    d.End();
+    EXPECT_FALSE(result);
+    ASSERT_EQ(boxes.calls().size(), size_t(1));
+    EXPECT_EQ(boxes.calls()[0].text,
+              "TORVANE.LST に書き込めませんでした。\nD&D登録前のカタログは " + AppDir +
+                  "/TORVANE.LSB に残してあります");
+    EXPECT_EQ(boxes.calls()[0].flags, 16);
+    EXPECT_EQ(tvtest::ReadFile(AppDir + "/TORVANE.LSB"), before);
+    EXPECT_EQ(tvtest::ReadFile(lst), before); // nothing of the record reached it
+    QFile::remove(AppDir + "/TORVANE.LSB");
+}
+
 TEST_F(DDAddTest, ACatalogueBrokenMidwayRollsBack)
 {
     seed();
