@@ -148,6 +148,11 @@ private slots:
             QCOMPARE(d.tbsOptions->currentIndex(), expected);
             QCOMPARE(d.pages->currentIndex(), expected);
         }
+        // From inside a box too.
+        d.tbsOptions->setCurrentIndex(1);
+        d.txtFreeColName1->setFocus();
+        QTest::keyClick(d.txtFreeColName1, Qt::Key_Tab, Qt::ControlModifier);
+        QCOMPARE(d.tbsOptions->currentIndex(), 2);
         // The filter lists, column by column, from the table.
         QCOMPARE(d.cbxFilter[3]->count(), 4);
         QCOMPARE(d.cbxFilter[3]->itemText(0), QStringLiteral("LZH"));
