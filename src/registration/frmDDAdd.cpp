@@ -45,6 +45,8 @@ frmDDAdd::frmDDAdd(const QStringList& files, CatalogueUi* list, QWidget* mainWin
     lblFileName->setObjectName(QStringLiteral("lblFileName"));
     lblFileName->setMinimumWidth(420);
     lblFileName->setTextFormat(Qt::PlainText);
+    // A long path is shortened in its middle rather than widening the window.
+    lblFileName->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     v->addWidget(lblFileName);
     auto* buttons = new QHBoxLayout;
     cmdCancel = new QPushButton(kDDAddCancelCaption, this);
@@ -64,7 +66,9 @@ frmDDAdd::frmDDAdd(const QStringList& files, CatalogueUi* list, QWidget* mainWin
     core_.yield = [] { QCoreApplication::processEvents(QEventLoop::AllEvents); };
     core_.onFile = [this](int n, const QString& path) {
         lblFileCnt->setText(QString::number(n));
-        lblFileName->setText(path);
+        lblFileName->setText(
+            lblFileName->fontMetrics().elidedText(path, Qt::ElideMiddle, lblFileName->width()));
+        lblFileName->setToolTip(path);
         prgDDAdd->setValue(n - 1);
         emit fileStarted(n);
     };

@@ -149,6 +149,7 @@ private slots:
         QVERIFY(!progressWindow());
         QCOMPARE(ui->model()->rowCount(), 3);
         QCOMPARE(ui->model()->index(2, 0).data().toString(), QStringLiteral("THREE"));
+        QCOMPARE(ui->model()->index(0, 0).data().toString(), QStringLiteral("ONE"));
         QCOMPARE(ui->selectedRow(), 2); // the last row
         QCOMPARE(win->windowTitle(), ListWindowCaption(3));
         QVERIFY(!QFile::exists(AppDir + "/TORVANE.LSB"));
