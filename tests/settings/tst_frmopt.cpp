@@ -4,6 +4,7 @@
 #include "adapters/common/frmOptionDialog.h"
 #include "data/Cfg.h"
 #include "mainwindow/frmMain.h"
+#include "platform/Shell.h"
 #include "registration/frmFileSelect.h"
 #include "settings/frmOpt.h"
 #include "support/GuardedDirs.h"
@@ -26,6 +27,7 @@
 #include <QTabBar>
 #include <QTest>
 #include <QTimer>
+#include <QUrl>
 #include <optional>
 
 using namespace tv;
@@ -325,6 +327,21 @@ private slots:
         QVERIFY(d.Store());
         QCOMPARE(w.lstModel->headerData(3, Qt::Horizontal).toString(), QStringLiteral("媒体"));
         QCOMPARE(w.lstModel->headerData(4, Qt::Horizontal).toString(), QStringLiteral("枚数"));
+    }
+
+    void helpOpensTheDialogsTopic()
+    {
+        QVERIFY(tvtest::WriteFile(HelpFile, "<html></html>"));
+        QList<QUrl> opened;
+        UrlOpener previous = SetUrlOpener([&](const QUrl& u) {
+            opened << u;
+            return true;
+        });
+        frmOpt d;
+        d.cmdHelpContext->click();
+        SetUrlOpener(std::move(previous));
+        QCOMPARE(opened.size(), 1);
+        QCOMPARE(opened[0].fragment(), QStringLiteral("opt"));
     }
 
     void theMenuEntryOpensTheDialog()
