@@ -3,21 +3,24 @@
 // file beside it and text import on; and 200 ZIP archives of two 348,848-byte disks each, with
 // inspection on, so that every archive is unpacked to find its start file. Prints the time of
 // each drop and the peak resident memory of the process after it.
-// Run: drop_bench [images] [archives]
+// With --window the drops go through frmDDAdd as in the program, progress windows included.
+// Run: drop_bench [--window] [images] [archives]
 #include "data/Cfg.h"
 #include "data/TitleListModel.h"
 #include "data/clsLst.h"
+#include "launch/ArcProgressDialog_ui.h"
 #include "launch/DDAdd.h"
 #include "platform/MsgBox.h"
+#include "registration/frmDDAdd.h"
 #include "util/Globals.h"
 #include "util/Sjis.h"
 #include "util/SubFunction.h"
 
+#include <QApplication>
 #include <QCoreApplication>
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QGuiApplication>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <cstdio>
@@ -52,11 +55,23 @@ static QByteArray disk(uint32_t seed)
     return b;
 }
 
+// Through the drop's core alone, or through its window (shown, with its progress bar and the
+// archivers' progress windows) as the program does it.
+static bool withWindow = false;
+
 static double drop(const QStringList& files, int* registered, int* failures)
 {
     TitleListModel model;
     QElapsedTimer t;
     t.start();
+    if (withWindow) {
+        frmDDAdd w(files, nullptr, nullptr);
+        w.show();
+        w.SearchDDAdd();
+        *registered = w.core().registered();
+        *failures = w.core().failures();
+        return double(t.nsecsElapsed()) / 1e6;
+    }
     DDAdd d(files, &model);
     d.yield = [] { QCoreApplication::processEvents(); };
     if (!d.Begin())
@@ -72,9 +87,15 @@ int main(int argc, char** argv)
 {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    const int images = argc > 1 ? QString::fromLocal8Bit(argv[1]).toInt() : 1000;
-    const int archives = argc > 2 ? QString::fromLocal8Bit(argv[2]).toInt() : 200;
+    QApplication app(argc, argv);
+    QStringList args = app.arguments().mid(1);
+    withWindow = args.removeAll(QStringLiteral("--window")) > 0;
+    if (withWindow)
+        InstallArcProgressDialog();
+    const int images = args.size() > 0 ? args[0].toInt() : 1000;
+    const int archives = args.size() > 1 ? args[1].toInt() : 200;
+    std::printf("%s\n", withWindow ? "through frmDDAdd, shown, with the archivers' progress windows"
+                                   : "through the drop's core");
     SetMsgBoxHandler([](const MsgBoxCall& c) {
         std::fprintf(stderr, "box: %s\n", c.text.toUtf8().constData());
         return DefaultMsgBoxAnswer(c.flags);
