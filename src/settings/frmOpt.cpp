@@ -457,6 +457,20 @@ bool frmOpt::Store()
     Cfg.DefScrPath = scr;
     Cfg.FreeColName1 = col1;
     Cfg.FreeColName2 = col2;
+    StoreFlags();
+    // The filter order is in the record already: the image file selection wrote it there.
+    if (!SaveCfg()) {
+        MsgBox(QStringLiteral("TORVANE.CFG を書き込めませんでした"), MbExclamation);
+        return false;
+    }
+    Window().CfgStored();
+    freeColChanged_ = false;
+    MsgBox(kOptStoredText, MbInformation);
+    return true;
+}
+
+void frmOpt::StoreFlags()
+{
     Cfg.LstSelectSave = optLstSelectSave[1]->isChecked() ? 1 : 0;
     Cfg.WinAppearance = optWinAppearance[1]->isChecked() ? 1 : 0;
     Cfg.DblClickProc = optDblClickProc[1]->isChecked() ? 1 : 0;
@@ -472,15 +486,6 @@ bool frmOpt::Store()
     Cfg.TxtInConv = chkTxtInConv->isChecked() ? 1 : 0;
     Cfg.DefScrFlag = chkDefScrFlag->isChecked() ? 1 : 0;
     Cfg.ColNonMakeFlag = chkColNonMakeFlag->isChecked() ? 1 : 0;
-    // The filter order is in the record already: the image file selection wrote it there.
-    if (!SaveCfg()) {
-        MsgBox(QStringLiteral("TORVANE.CFG を書き込めませんでした"), MbExclamation);
-        return false;
-    }
-    Window().CfgStored();
-    freeColChanged_ = false;
-    MsgBox(kOptStoredText, MbInformation);
-    return true;
 }
 
 void frmOpt::done(int r)

@@ -84,6 +84,8 @@ private:
     void BuildFilterPage(QFrame* page);
     void LoadFromCfg();
     void ConnectFlags();
+    // Every switch and option into the record.
+    void StoreFlags();
     void txtDefScrPath_Change();
 
     bool freeColChanged_ = false;

@@ -430,6 +430,29 @@ TEST_F(DDAddTest, ACatalogueBrokenMidwayRollsBack)
     EXPECT_EQ(boxes.texts().size(), 1);
 }
 
+TEST_F(DDAddTest, NoRoomForTheCopyNoDrop)
+{
+    seed();
+    const QByteArray before = tvtest::ReadFile(AppDir + "/TORVANE.LST");
+    DDAdd d({drop("A.D88")}, &model);
+    rlimit old{};
+    ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &old), 0);
+    const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+    rlimit small = old;
+    small.rlim_cur = rlim_t(before.size() / 2);
+    ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &small), 0);
+    const bool begun = d.Begin();
+    setrlimit(RLIMIT_FSIZE, &old);
+    std::signal(SIGXFSZ, oldHandler);
+    EXPECT_FALSE(begun);
+    EXPECT_FALSE(d.Search());
+    EXPECT_EQ(boxes.texts(),
+              QStringList{
+                  "D&D登録前のカタログのコピー（TORVANE.LSB）を作れないため、D&D登録を行いません"});
+    EXPECT_EQ(tvtest::ReadFile(AppDir + "/TORVANE.LST"), before);
+    EXPECT_EQ(model.rowCount(), 3);
+}
+
 TEST_F(DDAddTest, NoCopyNoDrop)
 {
     ASSERT_TRUE(QFile::remove(AppDir + "/TORVANE.LST"));
