@@ -7,6 +7,7 @@
 #include "data/TitleListModel.h"
 #include "data/clsLst.h"
 #include "mainwindow/CatalogueUi.h"
+#include "mainwindow/MainCatalogue.h"
 #include "mainwindow/MainMenus.h"
 #include "mainwindow/frmMain.h"
 #include "registration/frmDDAdd.h"
@@ -26,6 +27,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 #include <QUrl>
 #include <optional>
@@ -183,6 +185,48 @@ private slots:
         QCOMPARE(ui->model()->rowCount(), 0);
         QCOMPARE(tvtest::ReadFile(AppDir + "/TORVANE.LST"), before);
         QVERIFY(!QFile::exists(AppDir + "/TORVANE.LSB"));
+    }
+
+    // The same through the program's own main window after its start-up.
+    void dropOnTheMainWindowAfterItsStart()
+    {
+        CfgRecord c;
+        SetDefaultCfg(c);
+        c.LastHardWare = 0;
+        QVERIFY(tvtest::WriteFile(AppDir + "/TORVANE.CFG", EncodeCfg(c)));
+        qputenv("TMP", dirs->tmp().toLocal8Bit());
+        qputenv("TEMP", dirs->temp().toLocal8Bit());
+        StartupEnv e;
+        e.programDir = AppDir;
+        e.executablePath = AppDir + "/torvane";
+        e.sleep = [](int) {};
+        tvtest::ScriptedMsgBox boxes;
+        frmMain m;
+        m.SetCatalogue(std::make_unique<MainCatalogue>());
+        QVERIFY(m.Load(e));
+        QVERIFY(QTest::qWaitForWindowExposed(&m));
+        const QStringList files{drop("STAR.D88"), drop("MOON.D88")};
+        std::unique_ptr<QMimeData> data(urls(files));
+        QWidget* vp = m.lstD88->viewport();
+        QDragEnterEvent enter(QPoint(20, 20), Qt::CopyAction, data.get(), Qt::LeftButton,
+                              Qt::NoModifier);
+        QApplication::sendEvent(vp, &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent dropped(QPointF(20, 20), Qt::CopyAction, data.get(), Qt::LeftButton,
+                           Qt::NoModifier);
+        QApplication::sendEvent(vp, &dropped);
+        QVERIFY(dropped.isAccepted());
+        QTRY_COMPARE(boxes.calls().size(), size_t(1));
+        QCOMPARE(
+            boxes.calls()[0].text,
+            QStringLiteral(
+                "正常に登録したファイル数: 2\n登録不可能な件数: 0\nD&D登録が終了しました！！"));
+        QTRY_VERIFY(m.isEnabled());
+        QCOMPARE(m.lstD88->model()->rowCount(), 2);
+        QCOMPARE(m.windowTitle(), ListWindowCaption(2));
+        QVERIFY(m.SelectedKey() == QStringLiteral("K") + QString::number(25 + 2284));
+        QVERIFY(m.txtSyosai->toPlainText().contains(QStringLiteral("MOON")));
+        m.close();
     }
 
     void aHeldMainWindowDoesNotClose()
