@@ -10,6 +10,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QDir>
 #include <QFile>
 #include <QMenu>
@@ -19,6 +20,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QThread>
+#include <QTimer>
 #include <QToolTip>
 
 #include <X11/Xlib.h>
@@ -300,6 +302,34 @@ private slots:
         QTRY_COMPARE(w.isMaximized(), maximised);
         w.close();
         QVERIFY(!QFileInfo::exists(app + "/TORVBOOT"));
+    }
+
+    // A modal dialog over the window: the tray's menu entries do nothing until it closes.
+    void theMenuIsHeldByAModalDialog()
+    {
+        frmMain w;
+        w.show();
+        w.SetTaskIcon();
+        QMenu* menu = w.menus.mnuTaskBar;
+        bool heldOpen = true, heldClose = true;
+        QTimer::singleShot(0, [&] {
+            menu->popup(QPoint(40, 40));
+            heldOpen = menu->isVisible() && !w.menus.mnuTaskBarTORVOpen->isEnabled();
+            heldClose = !w.menus.mnuTaskBarTORVClose->isEnabled();
+            menu->hide();
+            if (QWidget* m = QApplication::activeModalWidget())
+                static_cast<QDialog*>(m)->reject();
+        });
+        QDialog modal(&w);
+        modal.exec();
+        QVERIFY(heldOpen);
+        QVERIFY(heldClose);
+        menu->popup(QPoint(40, 40));
+        QTRY_VERIFY(menu->isVisible());
+        QVERIFY(w.menus.mnuTaskBarTORVOpen->isEnabled());
+        QVERIFY(w.menus.mnuTaskBarTORVClose->isEnabled());
+        menu->hide();
+        w.RemoveTaskIcon();
     }
 
     void cleanupTestCase()
