@@ -2,7 +2,7 @@
 # Builds and runs every test. Installs the Debian packages it needs when they are missing.
 set -eu
 cd "$(dirname "$0")/.."
-PKGS="build-essential cmake ninja-build ccache pkg-config qt6-base-dev libarchive-dev libgcab-dev libxtst-dev libx11-dev libgtest-dev libgmock-dev xvfb xauth openbox fonts-noto-cjk lhasa jlha-utils cabextract gcab zip unzip libarchive-tools clang qt6-translations-l10n wine64 gcc-mingw-w64-x86-64 dosbox nasm"
+PKGS="build-essential cmake ninja-build ccache pkg-config qt6-base-dev libarchive-dev libgcab-dev libxtst-dev libx11-dev libgtest-dev libgmock-dev xvfb xauth openbox fonts-noto-cjk lhasa jlha-utils cabextract gcab zip unzip libarchive-tools clang qt6-translations-l10n wine64 gcc-mingw-w64-x86-64 dosbox nasm trayer"
 missing=""
 for p in $PKGS; do
   dpkg-query -W -f='${Status}' "$p" 2>/dev/null | grep -q "ok installed" || missing="$missing $p"

@@ -93,9 +93,10 @@ bool ImportItemText(const QString& ImagePath)
     LstObj.SetMaker(QString());
     LstObj.SetComment(QString());
 
+    // Names from archives made on a case-blind system: "GAME.TXT" serves "GAME.D88" too.
     const QString path =
-        GetFileDir(ImagePath) + QLatin1Char('/') + GetFileBase(ImagePath) + QStringLiteral(".txt");
-    if (FindFile(path).isEmpty()) {
+        FindFileNoCase(GetFileDir(ImagePath), GetFileBase(ImagePath) + QStringLiteral(".txt"));
+    if (path.isEmpty()) {
         return false;
     }
     QFile file(path);

@@ -187,6 +187,34 @@ bool AddSideItem(int kind, const QString& text)
     return f.write(ItemBytes(item, info.width)) == info.width;
 }
 
+bool AddSideItemQuietly(int kind, const QString& text)
+{
+    const SideListInfo info = GetListInfo(kind);
+    const QString item = VbTrim(FitText(VbTrim(text), info.width, 1, info.width));
+    if (item.isEmpty()) {
+        return false;
+    }
+    // Loading converts a list of the older format and makes a missing one first.
+    if (LoadSideList(kind).contains(item)) {
+        return false;
+    }
+    const QString path = SideListPath(kind);
+    QByteArray bytes;
+    if (!ReadWhole(path, bytes) || bytes.size() < kSideHeaderSize) {
+        return false;
+    }
+    QFile f(path);
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Append)) {
+        return false;
+    }
+    const qsizetype torn = (bytes.size() - kSideHeaderSize) % info.width;
+    if (torn != 0) {
+        f.resize(bytes.size() - torn);
+        f.seek(f.size());
+    }
+    return f.write(ItemBytes(item, info.width)) == info.width;
+}
+
 bool RemoveSideItem(int kind, const QString& text)
 {
     const SideListInfo info = GetListInfo(kind);

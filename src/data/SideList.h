@@ -29,6 +29,9 @@ bool NewSideList(int kind, const QString& path);
 QStringList LoadSideList(int kind);
 // Appends `text` after asking; true when it was added. Every refusal is told by a box.
 bool AddSideItem(int kind, const QString& text);
+// Appends `text` without asking or telling, unless it is empty or there already (a bulk
+// registration); true when it was added.
+bool AddSideItemQuietly(int kind, const QString& text);
 // Removes every item equal to `text` after asking; true when the list was rewritten.
 bool RemoveSideItem(int kind, const QString& text);
 

@@ -298,9 +298,9 @@ bool clsLst::SetLst(int32_t seekPointer)
     if (!f.open(QIODevice::ReadWrite))
         return false;
     const QByteArray bytes = EncodeLstRecord(HardWare, r);
-    if (!f.seek(seekPointer - 1) || f.write(bytes) != bytes.size())
+    // The bytes reach the disk at the flush: a full disk shows there, not at the write.
+    if (!f.seek(seekPointer - 1) || f.write(bytes) != bytes.size() || !f.flush())
         return false;
-    f.flush();
     MaxCnt = CountRecords(f.size());
     return true;
 }

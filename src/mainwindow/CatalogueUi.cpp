@@ -10,12 +10,14 @@
 #include "launch/ManualFile.h"
 #include "mainwindow/frmSearch.h"
 #include "platform/MsgBox.h"
+#include "registration/frmDDAdd.h"
 #include "util/Globals.h"
 #include "util/Help.h"
 #include "util/SubFunction.h"
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QFrame>
 #include <QGridLayout>
@@ -83,6 +85,8 @@ CatalogueUi::CatalogueUi(const CatalogueWidgets& w, QObject* parent) : QObject(p
     v->setTabKeyNavigation(false);
     // A press on the list starts the tracking selection; its release shows the row.
     v->viewport()->installEventFilter(this);
+    // Files dropped from the desktop are registered in bulk.
+    v->viewport()->setAcceptDrops(true);
     trackTimer_ = new QTimer(this);
     trackTimer_->setInterval(50);
     connect(trackTimer_, &QTimer::timeout, this, [this] { trackStep(); });
@@ -369,6 +373,10 @@ bool CatalogueUi::eventFilter(QObject* watched, QEvent* event)
                 trackRelease();
             }
             break;
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+        case QEvent::Drop:
+            return fileDropEvent(static_cast<QDropEvent*>(event));
         default:
             break;
         }
@@ -394,6 +402,23 @@ bool CatalogueUi::eventFilter(QObject* watched, QEvent* event)
         }
     }
     return QObject::eventFilter(watched, event);
+}
+
+bool CatalogueUi::fileDropEvent(QDropEvent* event)
+{
+    const QStringList files = DroppedFiles(event->mimeData());
+    const bool open = w_.window == nullptr || w_.window->isEnabled();
+    if (files.isEmpty() || HardWare > 2 || !open) {
+        event->ignore();
+        return true;
+    }
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    if (event->type() == QEvent::Drop) {
+        // The drag source gets its answer first; the registration runs at the next turn.
+        QTimer::singleShot(0, this, [this, files] { RunFileDrop(files, this, w_.window); });
+    }
+    return true;
 }
 
 void CatalogueUi::connectMenus()

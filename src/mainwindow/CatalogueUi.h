@@ -16,6 +16,7 @@
 
 class QAction;
 class QCheckBox;
+class QDropEvent;
 class QFrame;
 class QMainWindow;
 class QMenu;
@@ -136,6 +137,8 @@ signals:
     void manFileRequested(int family);
 
 private:
+    // lstD88_OLEDragDrop: a drag of local files is taken, and its drop registers them.
+    bool fileDropEvent(QDropEvent* event);
     void trackPress(const QPoint& pos);
     void trackMove(const QPoint& pos);
     void trackRelease();

@@ -68,7 +68,9 @@ void MainCatalogue::CfgApplied(frmMain& w)
 
 void MainCatalogue::RefreshDetail(frmMain& w)
 {
-    ensureUi(w)->ShowItemDetail(); // nothing without a selected row
+    CatalogueUi* ui = ensureUi(w);
+    ui->PutFreeColName();
+    ui->ShowItemDetail(); // nothing without a selected row
 }
 
 // The launch's calls find the catalogue's controls made already; before that they do nothing.

@@ -102,12 +102,9 @@ MainMenus BuildMainMenus(QMainWindow* window)
     m.mnuOptionCfg = add(m.munOption, QStringLiteral("mnuOptionCfg"),
                          QStringLiteral("Emulator基本設定(&E)..."), true);
     m.mnuOptionTORVOp = add(m.munOption, QStringLiteral("mnuOptionTORVOp"),
-                            QStringLiteral("TORVANE ｵﾌﾟｼｮﾝ(&O)..."), false);
+                            QStringLiteral("TORVANE ｵﾌﾟｼｮﾝ(&O)..."), true);
     m.mnuOptionRunner = add(m.munOption, QStringLiteral("mnuOptionRunner"),
                             QStringLiteral("ランナー設定(&R)..."), true);
-
-    // The program options dialog comes later: its entry stays disabled and says so.
-    m.mnuOptionTORVOp->setToolTip(QStringLiteral("この機能は後の版で使えるようになります"));
     for (QMenu* menu : {m.mnuEdit, m.mnuTool, m.munOption})
         menu->setToolTipsVisible(true);
 

@@ -11,6 +11,7 @@
 #include "registration/frmLstMake.h"
 #include "settings/frmAbout.h"
 #include "settings/frmCfg.h"
+#include "settings/frmOpt.h"
 #include "settings/frmRunner.h"
 #include "startup/ValidateCfg.h"
 #include "util/Globals.h"
@@ -119,6 +120,10 @@ void frmMain::ConnectMenus()
 {
     connect(menus.mnuFileEnd, &QAction::triggered, this, &QWidget::close);
     connect(menus.mnuOptionCfg, &QAction::triggered, this, [this] { ShowCfgDialog(); });
+    connect(menus.mnuOptionTORVOp, &QAction::triggered, this, [this] {
+        frmOpt dlg(this);
+        dlg.exec();
+    });
     connect(menus.mnuOptionRunner, &QAction::triggered, this, [this] {
         frmRunner dlg(this);
         dlg.exec();
@@ -283,6 +288,9 @@ void frmMain::CfgStored()
         c->setChecked(there && Cfg.PanUse == 1);
         c->setEnabled(there);
     }
+    // The names of the free columns head their columns and sort entries.
+    lstModel->setHeaderData(3, Qt::Horizontal, VbTrim(Cfg.FreeColName1));
+    lstModel->setHeaderData(4, Qt::Horizontal, VbTrim(Cfg.FreeColName2));
     if (catalogue_)
         catalogue_->RefreshDetail(*this);
     ShowFamilyPath();
@@ -441,6 +449,13 @@ void frmMain::SetTaskIcon()
         tray_ = new QSystemTrayIcon(windowIcon(), this);
         tray_->setObjectName(QStringLiteral("trayIcon"));
         tray_->setContextMenu(menus.mnuTaskBar);
+        // The desktop opens the menu by itself; while the window is held by a dialog, a drop
+        // or a launch its entries do nothing, so that the exit can't cut into them.
+        connect(menus.mnuTaskBar, &QMenu::aboutToShow, this, [this] {
+            const bool free = isEnabled() && !QApplication::activeModalWidget();
+            menus.mnuTaskBarTORVOpen->setEnabled(free);
+            menus.mnuTaskBarTORVClose->setEnabled(free);
+        });
         connect(tray_, &QSystemTrayIcon::activated, this,
                 [this](QSystemTrayIcon::ActivationReason r) {
                     // The tray does nothing while a modal dialog holds the window.
@@ -593,6 +608,11 @@ QObject* frmMain::Owner()
 
 void frmMain::closeEvent(QCloseEvent* e)
 {
+    // A window held by a drop or a launch doesn't end under them.
+    if (!isEnabled()) {
+        e->ignore();
+        return;
+    }
     if (startup_ && !unloaded_) {
         unloaded_ = true;
         startup_->FormUnload();

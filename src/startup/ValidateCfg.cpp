@@ -171,7 +171,8 @@ SelectFilter SelectFileFilter(SelectKind kind)
     case SelectKind::FmPan:
         return f("PAN Set for PC8801 (FMPAN.D88)", "FMPAN.D88");
     case SelectKind::JavaVM:
-        return f("Sun JavaVM (java.exe,javaw.exe)", "java.exe;javaw.exe");
+        // A Linux runtime has no extension; a Windows one, pointed at for Wine, has ".exe".
+        return f("Sun JavaVM (java.exe,javaw.exe)", "java;javaw;java.exe;javaw.exe");
     case SelectKind::J80Rom:
         return f("j80 ROM File (*.ROM)", "*.ROM");
     case SelectKind::J80Font:
@@ -180,6 +181,8 @@ SelectFilter SelectFileFilter(SelectKind kind)
         return f("j80 CRT/KEY/PEN File (*.*)", "*.*");
     case SelectKind::RunnerProgram:
         return f("プログラム (*)", "*");
+    case SelectKind::Picture:
+        return f("ピクチャ ファイル (*.png,*.jpg,*.bmp)", "*.png;*.jpg;*.bmp;*.PNG;*.JPG;*.BMP");
     default:
         break;
     }

@@ -43,6 +43,7 @@ enum class SelectKind {
     J80Font,
     J80Other,
     RunnerProgram, // Wine, DOSBox or Java for the runner settings
+    Picture,
 };
 inline const QString kSelectFileTitle = QStringLiteral("ファイルを選択して下さい。");
 struct SelectFilter {

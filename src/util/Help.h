@@ -11,6 +11,7 @@ inline const QString kHelpContents = QStringLiteral("contents");
 inline const QString kHelpMain = QStringLiteral("main");
 inline const QString kHelpSearch = QStringLiteral("search");
 inline const QString kHelpCfg = QStringLiteral("cfg");
+inline const QString kHelpOpt = QStringLiteral("opt");
 inline const QString kHelpDirSansyo = QStringLiteral("dirsansyo");
 
 // Opens HelpFile at `topic`; tells the user when the file is missing or can't be opened.

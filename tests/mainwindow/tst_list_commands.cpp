@@ -280,13 +280,12 @@ private slots:
         QCOMPARE(opened[0], AppDir + "/MAN1.TXT");
     }
 
-    void laterDialogsStayDisabledAndSaySo()
+    void registrationWaitsForTheMainWindow()
     {
-        // Program options come later; registration needs the main window, which a bare
-        // catalogue window doesn't have.
-        QVERIFY(!menus.mnuOptionTORVOp->isEnabled());
-        QCOMPARE(menus.mnuOptionTORVOp->toolTip(),
-                 QStringLiteral("この機能は後の版で使えるようになります"));
+        // Registration needs the main window, which a bare catalogue window doesn't have;
+        // the program options are there.
+        QVERIFY(menus.mnuOptionTORVOp->isEnabled());
+        QVERIFY(!menus.mnuOptionTORVOp->toolTip().contains(QStringLiteral("後の版")));
         for (QAction* a :
              {menus.mnuEditAddItem, menus.mnuEditChangeItem, ui->mnuPop("mnuPopChangeItem")})
             QVERIFY(!a->isEnabled());

@@ -99,7 +99,7 @@ const QStringList kExpected = {
     "  mnuToolColEditor|カラムエディタ(&E)...|d",
     "munOption|オプション(&O)",
     "  mnuOptionCfg|Emulator基本設定(&E)...|e",
-    "  mnuOptionTORVOp|TORVANE ｵﾌﾟｼｮﾝ(&O)...|d",
+    "  mnuOptionTORVOp|TORVANE ｵﾌﾟｼｮﾝ(&O)...|e",
     "  mnuOptionRunner|ランナー設定(&R)...|e",
     "mnuHelp|ヘルプ(&H)",
     "  mnuHelpTORVANE|TORVANE ヘルプ(&H)|e",

@@ -1,11 +1,15 @@
-// The registration dialogs on a real display at 1024x768: each fits the screen, every control
-// lies inside its dialog with the room its contents need, and no two controls overlap. With
-// TORVANE_SHOTS_DIR set, each is also saved as a PNG there.
+// The registration dialogs, the drop's progress window and the program options on a real
+// display at 1024x768: each fits the screen, every control lies inside its dialog with the room
+// its contents need, and no two controls overlap. With TORVANE_SHOTS_DIR set, each is also
+// saved as a PNG there.
 #include "data/Cfg.h"
 #include "registration/frmColEditor.h"
+#include "registration/frmDDAdd.h"
 #include "registration/frmFileSelect.h"
 #include "registration/frmLstMake.h"
+#include "settings/frmOpt.h"
 #include "support/CatalogueBytes.h"
+#include "support/DialogLayout.h"
 #include "support/ProcessState.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
@@ -18,6 +22,7 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QProcess>
+#include <QTabBar>
 #include <QTemporaryDir>
 #include <QTest>
 #include <optional>
@@ -131,6 +136,18 @@ private slots:
     {
         frmColEditor d;
         check(d, QStringLiteral("frmColEditor"));
+    }
+    void dropProgress()
+    {
+        HardWare = 0;
+        frmDDAdd d({root.path() + "/src/DISK_A.D88"}, nullptr, nullptr);
+        d.lblFileName->setText(root.path() + "/src/DISK_A.D88");
+        tvtest::CheckDialogPages(d, 1, [](int) {});
+    }
+    void programOptions()
+    {
+        frmOpt d;
+        tvtest::CheckDialogPages(d, 3, [&d](int p) { d.tbsOptions->setCurrentIndex(p); });
     }
 };
 

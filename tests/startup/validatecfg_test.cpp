@@ -281,10 +281,12 @@ TEST(SelectFilter, TitlesAndPatterns)
     EXPECT_EQ(kSelectFileTitle, "ファイルを選択して下さい。");
     EXPECT_EQ(SelectFileFilter(SelectKind::Xmil).display,
               "X millennium and T-Tune/ika-Tune(Xmillennium.exe)");
-    EXPECT_EQ(SelectFileFilter(SelectKind::JavaVM).pattern, "java.exe;javaw.exe");
+    EXPECT_EQ(SelectFileFilter(SelectKind::JavaVM).pattern, "java;javaw;java.exe;javaw.exe");
     EXPECT_EQ(QtFilterText(SelectFileFilter(SelectKind::M88)), "M88 (M88.EXE)");
     EXPECT_EQ(QtFilterText(SelectFileFilter(SelectKind::JavaVM)),
-              "Sun JavaVM (java.exe,javaw.exe) (java.exe javaw.exe)");
+              "Sun JavaVM (java.exe,javaw.exe) (java javaw java.exe javaw.exe)");
+    EXPECT_EQ(QtFilterText(SelectFileFilter(SelectKind::Picture)),
+              "ピクチャ ファイル (*.png,*.jpg,*.bmp) (*.png *.jpg *.bmp *.PNG *.JPG *.BMP)");
     EXPECT_EQ(QtFilterText(SelectFileFilter(SelectKind::J80Font)), "j80 FONT File (*.FON)");
 }
 

@@ -76,7 +76,8 @@ TEST(HelpFile, ShippedFileHoldsEveryTopic)
     QFile f(QStringLiteral(TORVANE_BIN_DIR) + "/TORVANE.html");
     ASSERT_TRUE(f.open(QIODevice::ReadOnly));
     const QString html = QString::fromUtf8(f.readAll());
-    for (const QString& topic : {kHelpContents, kHelpMain, kHelpSearch, kHelpCfg, kHelpDirSansyo})
+    for (const QString& topic :
+         {kHelpContents, kHelpMain, kHelpSearch, kHelpCfg, kHelpDirSansyo, kHelpOpt})
         EXPECT_TRUE(html.contains(QStringLiteral("id=\"%1\"").arg(topic))) << topic.toStdString();
 }
 
