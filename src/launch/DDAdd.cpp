@@ -43,10 +43,10 @@ bool WorkDirReady()
 QString FirstImageMember()
 {
     QString member;
-    CleanTempDir();
-    QDir().mkpath(TempDir());
+    if (!OpenTempDir())
+        return member;
     for (;;) {
-        const QString first = FindFile(WorkDir + QStringLiteral("/*"));
+        const QString first = FindFile(Matches(WorkDir, QStringLiteral("*")));
         if (first.isEmpty())
             break;
         const QString name = QFileInfo(first).fileName();

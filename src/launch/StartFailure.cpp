@@ -37,7 +37,8 @@ QString StartFailureCause(const LaunchCommand& cmd)
     // "MZ" starts every Windows and DOS program; a header-less ".COM" is a DOS program too.
     if (f.read(2) == "MZ" || IsWindowsProgram(path))
         return QStringLiteral("Windows または DOS のプログラムです。このデスクトップには、"
-                              "それを動かす実行環境（Wine など）が登録されていません。");
+                              "それを動かす実行環境（Wine など）が登録されていません。"
+                              "「ランナー設定」で Wine か DOSBox を選んでください。");
     return QStringLiteral("このデスクトップでは起動できない形式のファイルです。");
 }
 

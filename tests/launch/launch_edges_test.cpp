@@ -6,6 +6,7 @@
 #include "data/Cfg.h"
 #include "launch/EmuAdapter.h"
 #include "launch/Launch.h"
+#include "launch/Runner.h"
 #include "launch/StartFailure.h"
 #include "support/LaunchFixture.h"
 #include "support/ScriptedMsgBox.h"
@@ -33,6 +34,15 @@ protected:
         Cfg.X88CfgChk = 1; // no switches: the image is the only argument
         Cfg.M88CfgChk = 0; // M88 gets a configuration written for the title
         Cfg.Xm7WinCfgChk = 0;
+        // These launches start their programs directly: left on 自動, the test programs' "MZ"
+        // headers would hand them to DOSBox, which would run them.
+        for (const EmuRow& row : EmuRows())
+            Runners()[row.emu].kind = RunnerKind::Direct;
+    }
+    void TearDown() override
+    {
+        Runners().clear();
+        LaunchFixture::TearDown();
     }
 
     QString Plain(const QString& name, const QByteArray& bytes = Image())
@@ -133,8 +143,8 @@ TEST_F(LaunchEdges, ExeWithoutRunBitIsToldAndUndone)
     EXPECT_EQ(window_->refreshed, 1);
 }
 
-// A Windows program with its run bit on a desktop that has no runner registered for it: the
-// start is refused, and the message says why.
+// A Windows program with its run bit, started directly, on a desktop that has no runner
+// registered for it: the start is refused, and the message says why.
 TEST_F(LaunchEdges, WindowsProgramWithoutARunnerIsToldAndUndone)
 {
     for (const QString& f : QDir("/proc/sys/fs/binfmt_misc").entryList(QDir::Files))
@@ -158,7 +168,8 @@ TEST_F(LaunchEdges, WindowsProgramWithoutARunnerIsToldAndUndone)
     EXPECT_EQ(box.calls()[0].text,
               kStartFailed + dir + "/M88.EXE\r\n\r\n" +
                   QStringLiteral("Windows または DOS のプログラムです。このデスクトップには、"
-                                 "それを動かす実行環境（Wine など）が登録されていません。"));
+                                 "それを動かす実行環境（Wine など）が登録されていません。"
+                                 "「ランナー設定」で Wine か DOSBox を選んでください。"));
     EXPECT_EQ(ReadFile(dir + "/M88.INI"), kUserM88Ini);
     EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
     EXPECT_TRUE(WorkFiles().isEmpty());

@@ -7,6 +7,7 @@
 #include "data/ItemDetail.h"
 #include "data/clsLst.h"
 #include "launch/Launch.h"
+#include "launch/Runner.h"
 #include "mainwindow/CatalogueUi.h"
 #include "mainwindow/LaunchUi.h"
 #include "mainwindow/MainCatalogue.h"
@@ -63,7 +64,7 @@ private slots:
         SnapDir[2] = r + "/snap";
         NoImagePicture = QImage(8, 8, QImage::Format_RGB32);
         NoImagePicture.fill(Qt::gray);
-        // An X millennium whose program isn't runnable here: a Windows program without Wine.
+        // An X millennium whose program isn't runnable here: a Windows program without its run bit.
         QFile exe(r + "/emu/Xmillennium.exe");
         QVERIFY(exe.open(QIODevice::WriteOnly));
         exe.write(QByteArray("MZ\x90\0", 4) + QByteArray(124, '\0'));
@@ -127,7 +128,10 @@ private slots:
             box->buttons().value(0)->click();
         });
         watch->start(50);
+        // Started directly: left on 自動, its "MZ" header would hand it to DOSBox.
+        Runners()[Emu::Xmil].kind = RunnerKind::Direct;
         catalogue->Launch()->cmdEmuRun_Click(22);
+        Runners().erase(Emu::Xmil);
         SetMsgBoxHandler({});
 
         QCOMPARE(title, QStringLiteral("Emu実行エラー"));
