@@ -19,5 +19,5 @@ cmake --build build -j "$JOBS"
 if ls tests/fuzz/*_fuzz.cpp >/dev/null 2>&1; then
   cmake -S . -B build-fuzz -G Ninja -DTORVANE_FUZZ=ON -DCMAKE_C_COMPILER=clang -DCMAKE_CXX_COMPILER=clang++
   cmake --build build-fuzz -j "$JOBS"
-  (cd build-fuzz && ctest --output-on-failure)
+  (cd build-fuzz && ctest --output-on-failure -j "$JOBS")
 fi
