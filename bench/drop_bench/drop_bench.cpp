@@ -42,10 +42,10 @@ static bool write(const QString& path, const QByteArray& bytes)
 }
 
 // A disk image that packs about as well as a real one: sectors of data among empty ones.
-static QByteArray disk(uint32_t seed)
+static QByteArray disk(uint32_t number)
 {
     QByteArray b(348848, '\0');
-    uint32_t x = seed * 2654435761u + 1;
+    uint32_t x = number * 2654435761u + 1;
     for (qsizetype i = 0; i < b.size(); ++i) {
         if ((i / 256) % 3 == 0)
             continue;

@@ -102,7 +102,7 @@ protected:
         return r.exitCode == 0 ? arc : QString();
     }
     // Three registered titles before the drop, so that a roll-back has something to keep.
-    void seed()
+    void registerThreeOldTitles()
     {
         DDAdd d({drop("OLD1.D88"), drop("OLD2.D88"), drop("OLD3.D88")}, &model);
         ASSERT_TRUE(d.Begin());
@@ -274,7 +274,7 @@ TEST_F(DDAddTest, AnArchiveMembersTextWinsOverTheArchivesOwn)
 
 TEST_F(DDAddTest, AStopAnsweredYesRollsTheCatalogueAndTheListBack)
 {
-    seed();
+    registerThreeOldTitles();
     const QByteArray before = tvtest::ReadFile(AppDir + "/TORVANE.LST");
     QStringList rowsBefore;
     for (int r = 0; r < model.rowCount(); ++r)
@@ -355,7 +355,7 @@ TEST_F(DDAddTest, AStopDuringTheLastFileCountsAsFinished)
 
 TEST_F(DDAddTest, AFullDiskMidwayRollsBackAndSaysSo)
 {
-    seed();
+    registerThreeOldTitles();
     const QString lst = AppDir + "/TORVANE.LST";
     const QByteArray before = tvtest::ReadFile(lst);
     DDAdd d({drop("N1.D88"), drop("N2.D88"), drop("N3.D88")}, &model);
@@ -383,7 +383,7 @@ TEST_F(DDAddTest, AFullDiskMidwayRollsBackAndSaysSo)
 
 TEST_F(DDAddTest, ACopyThatCantGoBackIsKeptAndNamed)
 {
-    seed();
+    registerThreeOldTitles();
     const QString lst = AppDir + "/TORVANE.LST";
     const QByteArray before = tvtest::ReadFile(lst);
     DDAdd d({drop("N1.D88")}, &model);
@@ -412,7 +412,7 @@ TEST_F(DDAddTest, ACopyThatCantGoBackIsKeptAndNamed)
 
 TEST_F(DDAddTest, ACatalogueBrokenMidwayRollsBack)
 {
-    seed();
+    registerThreeOldTitles();
     const QString lst = AppDir + "/TORVANE.LST";
     const QByteArray before = tvtest::ReadFile(lst);
     DDAdd d({drop("N1.D88"), drop("N2.D88")}, &model);
@@ -432,7 +432,7 @@ TEST_F(DDAddTest, ACatalogueBrokenMidwayRollsBack)
 
 TEST_F(DDAddTest, NoRoomForTheCopyNoDrop)
 {
-    seed();
+    registerThreeOldTitles();
     const QByteArray before = tvtest::ReadFile(AppDir + "/TORVANE.LST");
     DDAdd d({drop("A.D88")}, &model);
     rlimit old{};
