@@ -9,6 +9,7 @@
 #include "launch/MainWindowLink.h"
 #include "platform/MsgBox.h"
 #include "settings/FilePickers.h"
+#include "settings/FormText.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
 
@@ -29,16 +30,6 @@
 namespace tv {
 
 namespace {
-
-QString S(const char* s)
-{
-    return QString::fromUtf8(s);
-}
-
-QString Idx(const char* name, int i)
-{
-    return S(name) + QStringLiteral("(%1)").arg(i);
-}
 
 const QString kBrowse = QStringLiteral("参照");
 

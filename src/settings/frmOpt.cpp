@@ -7,6 +7,7 @@
 #include "platform/MsgBox.h"
 #include "registration/frmFileSelect.h"
 #include "settings/FilePickers.h"
+#include "settings/FormText.h"
 #include "startup/ValidateCfg.h"
 #include "util/Globals.h"
 #include "util/Help.h"
@@ -32,16 +33,6 @@
 namespace tv {
 
 namespace {
-
-QString S(const char* s)
-{
-    return QString::fromUtf8(s);
-}
-
-QString Idx(const char* name, int i)
-{
-    return S(name) + QStringLiteral("(%1)").arg(i);
-}
 
 constexpr int kWaitMax = 1500;
 constexpr int kFreeColBytes = 20;
