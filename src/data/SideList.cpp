@@ -119,21 +119,45 @@ bool NewSideList(int kind, const QString& path)
     return WriteWhole(path, out);
 }
 
+namespace {
+
+// The list's bytes, after a list of the older format was converted and a missing one made.
+bool ReadPreparedList(int kind, const QString& path, QByteArray& bytes)
+{
+    if (QFile::exists(path) && GetListInfo(kind).oldWidth != 0) {
+        ConvertOldList(kind);
+    }
+    if (!QFile::exists(path)) {
+        NewSideList(kind, path);
+    }
+    return ReadWhole(path, bytes);
+}
+
+// Opens the list to append to; a torn last item (short read earlier) would shift every later
+// one, so the file is first cut back to whole items. `size` is what was read of it.
+bool OpenForAppend(QFile& f, qsizetype size, int width)
+{
+    if (!f.open(QIODevice::WriteOnly | QIODevice::Append)) {
+        return false;
+    }
+    const qsizetype torn = (size - kSideHeaderSize) % width;
+    if (torn != 0) {
+        f.resize(size - torn);
+        f.seek(f.size());
+    }
+    return true;
+}
+
+} // namespace
+
 QStringList LoadSideList(int kind)
 {
     const SideListInfo info = GetListInfo(kind);
     if (info.width == 0) {
         return {};
     }
-    const QString path = SideListPath(kind);
-    if (QFile::exists(path) && info.oldWidth != 0) {
-        ConvertOldList(kind);
-    }
-    if (!QFile::exists(path)) {
-        NewSideList(kind, path);
-    }
     QByteArray bytes;
-    if (!ReadWhole(path, bytes)) {
+    if (!ReadPreparedList(kind, SideListPath(kind), bytes)) {
         return {};
     }
     return ReadItems(bytes, kSideHeaderSize, info.width);
@@ -174,15 +198,9 @@ bool AddSideItem(int kind, const QString& text)
         return true;
     }
     QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Append)) {
+    if (!OpenForAppend(f, bytes.size(), info.width)) {
         MsgBox(path + QStringLiteral(" に書き込めません"), MbExclamation);
         return false;
-    }
-    // A torn last item (short read earlier) would shift every later one: align first.
-    const qsizetype torn = (bytes.size() - kSideHeaderSize) % info.width;
-    if (bytes.size() >= kSideHeaderSize && torn != 0) {
-        f.resize(bytes.size() - torn);
-        f.seek(f.size());
     }
     return f.write(ItemBytes(item, info.width)) == info.width;
 }
@@ -194,23 +212,15 @@ bool AddSideItemQuietly(int kind, const QString& text)
     if (item.isEmpty()) {
         return false;
     }
-    // Loading converts a list of the older format and makes a missing one first.
-    if (LoadSideList(kind).contains(item)) {
-        return false;
-    }
     const QString path = SideListPath(kind);
     QByteArray bytes;
-    if (!ReadWhole(path, bytes) || bytes.size() < kSideHeaderSize) {
+    if (!ReadPreparedList(kind, path, bytes) || bytes.size() < kSideHeaderSize ||
+        ReadItems(bytes, kSideHeaderSize, info.width).contains(item)) {
         return false;
     }
     QFile f(path);
-    if (!f.open(QIODevice::WriteOnly | QIODevice::Append)) {
+    if (!OpenForAppend(f, bytes.size(), info.width)) {
         return false;
-    }
-    const qsizetype torn = (bytes.size() - kSideHeaderSize) % info.width;
-    if (torn != 0) {
-        f.resize(bytes.size() - torn);
-        f.seek(f.size());
     }
     return f.write(ItemBytes(item, info.width)) == info.width;
 }
