@@ -74,11 +74,6 @@ frmDDAdd::frmDDAdd(const QStringList& files, CatalogueUi* list, QWidget* mainWin
     };
 }
 
-frmDDAdd::~frmDDAdd()
-{
-    core_.End();
-}
-
 void frmDDAdd::cmdCancel_Click()
 {
     core_.StopFlag = 1;

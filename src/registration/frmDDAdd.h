@@ -23,7 +23,6 @@ public:
     // initDDAdd and Form_Load: the dropped files, the catalogue whose list takes the rows, and
     // the main window, whose disabled state the window must not share (it stays parentless).
     frmDDAdd(const QStringList& files, CatalogueUi* list, QWidget* mainWindow);
-    ~frmDDAdd() override;
 
     QLabel* lblFileCnt = nullptr;
     QLabel* lblMaxCnt = nullptr;
