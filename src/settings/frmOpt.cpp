@@ -315,37 +315,44 @@ void frmOpt::LoadFromCfg()
     freeColChanged_ = false;
 }
 
+std::array<std::pair<QCheckBox*, uint8_t CfgRecord::*>, 10> frmOpt::flagFields() const
+{
+    return {{{chkScrAutoRead, &CfgRecord::ScrAutoRead},
+             {chkArcSerch, &CfgRecord::ArcSerch},
+             {chkScrSearchRead, &CfgRecord::ScrSearchRead},
+             {chkWinChangeFlag, &CfgRecord::WinChangeFlag},
+             {chkTaskIn, &CfgRecord::TaskIn},
+             {chkTaskRunForm, &CfgRecord::TaskRunForm},
+             {chkTxtIn, &CfgRecord::TxtIn},
+             {chkTxtInConv, &CfgRecord::TxtInConv},
+             {chkDefScrFlag, &CfgRecord::DefScrFlag},
+             {chkColNonMakeFlag, &CfgRecord::ColNonMakeFlag}}};
+}
+
+std::array<std::pair<QRadioButton*, uint8_t CfgRecord::*>, 3> frmOpt::optionFields() const
+{
+    return {{{optLstSelectSave[1], &CfgRecord::LstSelectSave},
+             {optWinAppearance[1], &CfgRecord::WinAppearance},
+             {optDblClickProc[1], &CfgRecord::DblClickProc}}};
+}
+
+uint8_t frmOpt::reArcValue() const
+{
+    return uint8_t((chkReArcCheck[0]->isChecked() ? 1 : 0) +
+                   (chkReArcCheck[1]->isChecked() ? 1 : 0));
+}
+
 void frmOpt::ConnectFlags()
 {
     // Each click writes its field of the record at once; the file waits for the store.
-    auto bind = [this](QCheckBox* c, uint8_t CfgRecord::*field) {
-        connect(c, &QCheckBox::toggled, this, [field](bool on) { Cfg.*field = on ? 1 : 0; });
-    };
-    bind(chkScrAutoRead, &CfgRecord::ScrAutoRead);
-    bind(chkArcSerch, &CfgRecord::ArcSerch);
-    bind(chkScrSearchRead, &CfgRecord::ScrSearchRead);
-    bind(chkWinChangeFlag, &CfgRecord::WinChangeFlag);
-    bind(chkTaskIn, &CfgRecord::TaskIn);
-    bind(chkTaskRunForm, &CfgRecord::TaskRunForm);
-    bind(chkTxtIn, &CfgRecord::TxtIn);
-    bind(chkTxtInConv, &CfgRecord::TxtInConv);
-    bind(chkDefScrFlag, &CfgRecord::DefScrFlag);
-    bind(chkColNonMakeFlag, &CfgRecord::ColNonMakeFlag);
-    auto option = [this](std::array<QRadioButton*, 2>& arr, uint8_t CfgRecord::*field) {
-        for (int i = 0; i < 2; ++i)
-            connect(arr[size_t(i)], &QRadioButton::toggled, this, [field, i](bool on) {
-                if (on)
-                    Cfg.*field = uint8_t(i);
-            });
-    };
-    option(optLstSelectSave, &CfgRecord::LstSelectSave);
-    option(optWinAppearance, &CfgRecord::WinAppearance);
-    option(optDblClickProc, &CfgRecord::DblClickProc);
+    for (const auto& [box, field] : flagFields())
+        connect(box, &QCheckBox::toggled, this, [field](bool on) { Cfg.*field = on ? 1 : 0; });
+    // The second button's toggle tells both ways, since one of the pair is always checked.
+    for (const auto& [second, field] : optionFields())
+        connect(second, &QRadioButton::toggled, this,
+                [field](bool on) { Cfg.*field = on ? 1 : 0; });
     for (QCheckBox* c : chkReArcCheck)
-        connect(c, &QCheckBox::toggled, this, [this] {
-            Cfg.ReArcCheck = uint8_t((chkReArcCheck[0]->isChecked() ? 1 : 0) +
-                                     (chkReArcCheck[1]->isChecked() ? 1 : 0));
-        });
+        connect(c, &QCheckBox::toggled, this, [this] { Cfg.ReArcCheck = reArcValue(); });
     for (QLineEdit* t : {txtFreeColName1, txtFreeColName2})
         connect(t, &QLineEdit::textEdited, this, [this] { freeColChanged_ = true; });
 }
@@ -462,21 +469,11 @@ bool frmOpt::Store()
 
 void frmOpt::StoreFlags()
 {
-    Cfg.LstSelectSave = optLstSelectSave[1]->isChecked() ? 1 : 0;
-    Cfg.WinAppearance = optWinAppearance[1]->isChecked() ? 1 : 0;
-    Cfg.DblClickProc = optDblClickProc[1]->isChecked() ? 1 : 0;
-    Cfg.ReArcCheck =
-        uint8_t((chkReArcCheck[0]->isChecked() ? 1 : 0) + (chkReArcCheck[1]->isChecked() ? 1 : 0));
-    Cfg.ScrAutoRead = chkScrAutoRead->isChecked() ? 1 : 0;
-    Cfg.ArcSerch = chkArcSerch->isChecked() ? 1 : 0;
-    Cfg.ScrSearchRead = chkScrSearchRead->isChecked() ? 1 : 0;
-    Cfg.WinChangeFlag = chkWinChangeFlag->isChecked() ? 1 : 0;
-    Cfg.TaskIn = chkTaskIn->isChecked() ? 1 : 0;
-    Cfg.TaskRunForm = chkTaskRunForm->isChecked() ? 1 : 0;
-    Cfg.TxtIn = chkTxtIn->isChecked() ? 1 : 0;
-    Cfg.TxtInConv = chkTxtInConv->isChecked() ? 1 : 0;
-    Cfg.DefScrFlag = chkDefScrFlag->isChecked() ? 1 : 0;
-    Cfg.ColNonMakeFlag = chkColNonMakeFlag->isChecked() ? 1 : 0;
+    for (const auto& [second, field] : optionFields())
+        Cfg.*field = second->isChecked() ? 1 : 0;
+    Cfg.ReArcCheck = reArcValue();
+    for (const auto& [box, field] : flagFields())
+        Cfg.*field = box->isChecked() ? 1 : 0;
 }
 
 void frmOpt::done(int r)

@@ -6,6 +6,8 @@
 // checks. A close without a store reads the file back, so unsaved clicks are dropped.
 #include <QDialog>
 #include <array>
+#include <cstdint>
+#include <utility>
 
 class QCheckBox;
 class QComboBox;
@@ -18,6 +20,8 @@ class QStackedWidget;
 class QTabBar;
 
 namespace tv {
+
+struct CfgRecord;
 
 class UpDown;
 
@@ -86,6 +90,11 @@ private:
     void ConnectFlags();
     // Every switch and option into the record.
     void StoreFlags();
+    // The switches that are one field each, and the options (second button checked: 1).
+    std::array<std::pair<QCheckBox*, uint8_t CfgRecord::*>, 10> flagFields() const;
+    std::array<std::pair<QRadioButton*, uint8_t CfgRecord::*>, 3> optionFields() const;
+    // ReArcCheck: 1 re-pack, 2 after asking.
+    uint8_t reArcValue() const;
     void txtDefScrPath_Change();
 
     bool freeColChanged_ = false;

@@ -284,6 +284,10 @@ private slots:
             d.cmdFilter[0]->click();
             QCOMPARE(int(Cfg.TxtIn), 1);
             QCOMPARE(int(Cfg.DblClickProc), 1);
+            // The first button of the pair writes 0 back, as soon as it is clicked.
+            d.optDblClickProc[0]->click();
+            QCOMPARE(int(Cfg.DblClickProc), 0);
+            d.optDblClickProc[1]->click();
             QCOMPARE(int(Cfg.FilterOrder[0][0]), 2);
             d.cmdCancel->click();
         }
