@@ -64,6 +64,14 @@ QPixmap makeNoImage()
     return p;
 }
 
+// The names of the free columns head the design-time list until the catalogue's own model
+// takes over.
+void PutFreeColHeaders(QStandardItemModel* model)
+{
+    model->setHeaderData(3, Qt::Horizontal, VbTrim(Cfg.FreeColName1));
+    model->setHeaderData(4, Qt::Horizontal, VbTrim(Cfg.FreeColName2));
+}
+
 } // namespace
 
 frmMain::frmMain(QWidget* parent) : QMainWindow(parent)
@@ -289,8 +297,7 @@ void frmMain::CfgStored()
         c->setEnabled(there);
     }
     // The names of the free columns head their columns and sort entries.
-    lstModel->setHeaderData(3, Qt::Horizontal, VbTrim(Cfg.FreeColName1));
-    lstModel->setHeaderData(4, Qt::Horizontal, VbTrim(Cfg.FreeColName2));
+    PutFreeColHeaders(lstModel);
     if (catalogue_)
         catalogue_->RefreshDetail(*this);
     ShowFamilyPath();
@@ -363,8 +370,7 @@ void frmMain::ApplyCfgToWindow()
     QPalette pal = txtSyosai->palette();
     pal.setColor(QPalette::Base, palette().color(QPalette::Window));
     txtSyosai->setPalette(pal);
-    lstModel->setHeaderData(3, Qt::Horizontal, Cfg.FreeColName1.trimmed());
-    lstModel->setHeaderData(4, Qt::Horizontal, Cfg.FreeColName2.trimmed());
+    PutFreeColHeaders(lstModel);
     const double tpp = TwipsPerPixel();
     for (int i = 0; i < 6; ++i)
         lstD88->setColumnWidth(i, qRound(Cfg.ColWidth[i] / tpp));
