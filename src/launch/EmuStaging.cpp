@@ -4,14 +4,9 @@
 #include "data/EmuRegistry.h"
 #include "launch/EmuAdapter.h"
 #include "launch/Recovery.h"
-#include "platform/FileOps.h"
 #include "platform/MsgBox.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
-
-#include <QDateTime>
-#include <QDir>
-#include <QFileInfo>
 
 namespace tv {
 
@@ -47,25 +42,17 @@ const EmuRow* PciDebugRow(int16_t EmuCode)
 // where, once for each file kept. Where nothing can be kept, the rule goes on as it was.
 void KeepStaleBackup(const EmuRow& row, const EmuConfigFiles& f, const QString& backup)
 {
-    const QString emu = QString::fromUtf8(row.listName).replace(u' ', u'_');
-    const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd_HHmmss"));
-    QString dir = Join(AppDir, QStringLiteral("TORVRECOVER_") + stamp + u'_' + emu);
-    for (int n = 2; QFileInfo::exists(dir); ++n)
-        dir = Join(AppDir, QStringLiteral("TORVRECOVER_%1-%2_%3").arg(stamp).arg(n).arg(emu));
-    const QString kept = Join(dir, f.config);
-    const bool home = !AppDir.isEmpty() && QFileInfo(AppDir).isDir();
-    if (home && PlatformMakePath(dir) && ShellMove(backup, kept, 0)) {
-        const QString name = QString::fromUtf8(row.listName);
-        MsgBox(QStringLiteral("前回の起動で元に戻せなかった %1 の設定ファイルを、次の場所に"
-                              "保存しました。\r\n\r\n%2\r\n\r\n元の設定に戻すには、この"
-                              "ファイルを %1 のフォルダへコピーしてください。")
-                   .arg(name, kept),
-               MbInformation);
+    const QString name = QString::fromUtf8(row.listName);
+    const QString kept = KeepInRecovery(backup, QString(name).replace(u' ', u'_'), f.config);
+    if (kept.isEmpty()) {
+        ShellDelete(backup, 0);
         return;
     }
-    if (home)
-        PlatformRemoveDir(dir);
-    ShellDelete(backup, 0);
+    MsgBox(QStringLiteral("前回の起動で元に戻せなかった %1 の設定ファイルを、次の場所に"
+                          "保存しました。\r\n\r\n%2\r\n\r\n元の設定に戻すには、この"
+                          "ファイルを %1 のフォルダへコピーしてください。")
+               .arg(name, kept),
+           MbInformation);
 }
 
 } // namespace

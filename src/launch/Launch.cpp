@@ -10,7 +10,6 @@
 #include "launch/ExecEmulator.h"
 #include "launch/LaunchCommand.h"
 #include "launch/MainWindowLink.h"
-#include "platform/FileOps.h"
 #include "launch/Runner.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"

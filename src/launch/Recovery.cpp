@@ -10,15 +10,16 @@
 
 namespace tv {
 
-QString KeepInRecovery(const QString& file)
+QString KeepInRecovery(const QString& file, const QString& tag, const QString& keptName)
 {
     if (AppDir.isEmpty() || !QFileInfo(AppDir).isDir())
         return {};
-    const QString name = QFileInfo(file).fileName();
+    const QString name = keptName.isEmpty() ? QFileInfo(file).fileName() : keptName;
     const QString stamp = QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd_HHmmss"));
-    QString dir = AppDir + QStringLiteral("/TORVRECOVER_") + stamp;
+    const QString suffix = tag.isEmpty() ? QString() : u'_' + tag;
+    QString dir = AppDir + QStringLiteral("/TORVRECOVER_") + stamp + suffix;
     for (int n = 2; QFileInfo::exists(dir + u'/' + name); ++n)
-        dir = AppDir + QStringLiteral("/TORVRECOVER_%1-%2").arg(stamp).arg(n);
+        dir = AppDir + QStringLiteral("/TORVRECOVER_%1-%2").arg(stamp).arg(n) + suffix;
     if (PlatformMakePath(dir)) {
         const QString kept = dir + u'/' + name;
         // A rename first: it needs no room; a move across file systems copies.
@@ -27,9 +28,10 @@ QString KeepInRecovery(const QString& file)
         PlatformRemoveDir(dir); // only when it is empty
     }
     // A disk too full for a new directory still takes a rename beside the program.
-    QString beside = AppDir + QStringLiteral("/TORVRECOVER_") + stamp + u'_' + name;
+    QString beside = AppDir + QStringLiteral("/TORVRECOVER_") + stamp + suffix + u'_' + name;
     for (int n = 2; QFileInfo::exists(beside); ++n)
-        beside = AppDir + QStringLiteral("/TORVRECOVER_%1-%2_%3").arg(stamp).arg(n).arg(name);
+        beside =
+            AppDir + QStringLiteral("/TORVRECOVER_%1-%2").arg(stamp).arg(n) + suffix + u'_' + name;
     if (PlatformRename(file, beside) == RenameResult::Ok)
         return beside;
     return {};

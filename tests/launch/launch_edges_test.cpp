@@ -26,6 +26,9 @@ using namespace tvtest;
 
 namespace {
 
+const QByteArray kUserM88Ini("[M88p2 for Windows]\r\nFlags=1\r\nMine=yes\r\n");
+const QString kStartFailed = QStringLiteral("エミュレータを起動できませんでした。\r\n\r\n");
+
 class LaunchEdges : public LaunchFixture {
 protected:
     void SetUp() override
@@ -57,6 +60,23 @@ protected:
         return QDir(r_ + "/snap").entryList(QDir::NoDotAndDotDot | QDir::AllEntries);
     }
 
+    // A start that failed for `cause`: one critical box under "Emu実行エラー" naming `exe`, and
+    // the launch taken back: the user's M88.INI under its name, no M88.ORG, WorkDir empty, the
+    // window enabled again and the detail pane shown anew.
+    void ExpectM88StartFailureUndone(const ScriptedMsgBox& box, const QString& dir,
+                                     const QString& cause)
+    {
+        ASSERT_EQ(box.calls().size(), 1u);
+        EXPECT_EQ(box.calls()[0].flags, 16);
+        EXPECT_EQ(box.calls()[0].caption, QStringLiteral("Emu実行エラー"));
+        EXPECT_EQ(box.calls()[0].text, kStartFailed + dir + "/M88.EXE\r\n\r\n" + cause);
+        EXPECT_EQ(ReadFile(dir + "/M88.INI"), kUserM88Ini);
+        EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
+        EXPECT_TRUE(WorkFiles().isEmpty());
+        EXPECT_TRUE(window_->calls.lastIndexOf("Enable") > window_->calls.lastIndexOf("Disable"));
+        EXPECT_EQ(window_->refreshed, 1);
+    }
+
     // The window's calls from the minimise on.
     QStringList WindowCallsAfterMinimise()
     {
@@ -64,9 +84,6 @@ protected:
         return at < 0 ? QStringList() : window_->calls.mid(at);
     }
 };
-
-const QByteArray kUserM88Ini("[M88p2 for Windows]\r\nFlags=1\r\nMine=yes\r\n");
-const QString kStartFailed = QStringLiteral("エミュレータを起動できませんでした。\r\n\r\n");
 
 // The M88 title of the start-failure tests: a plain image with a save state, the user's INI.
 QString M88Title(const QString& r, const QString& dir)
@@ -96,23 +113,14 @@ TEST_F(LaunchEdges, MissingProgramIsToldAndUndone)
     ScriptedMsgBox box;
     RunSelectedItem(2);
 
-    ASSERT_EQ(box.calls().size(), 1u);
-    EXPECT_EQ(box.calls()[0].flags, 16);
-    EXPECT_EQ(box.calls()[0].caption, QStringLiteral("Emu実行エラー"));
-    EXPECT_EQ(box.calls()[0].text, kStartFailed + dir + "/M88.EXE\r\n\r\n" +
-                                       QStringLiteral("プログラムのファイルがありません。"));
+    ExpectM88StartFailureUndone(box, dir, QStringLiteral("プログラムのファイルがありません。"));
     EXPECT_TRUE(Runs().empty());
-    EXPECT_EQ(ReadFile(dir + "/M88.INI"), kUserM88Ini);
-    EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
-    EXPECT_TRUE(WorkFiles().isEmpty());
     EXPECT_EQ(ReadFile(r_ + "/save/GAME_1.S88"), "state one");
     EXPECT_EQ(ReadFile(image), Image());
     EXPECT_TRUE(SnapFiles().isEmpty());
     const QStringList after = WindowCallsAfterMinimise();
     ASSERT_FALSE(after.isEmpty());
     EXPECT_TRUE(after.contains("RestoreMain"));
-    EXPECT_EQ(window_->calls.lastIndexOf("Enable") > window_->calls.lastIndexOf("Disable"), true);
-    EXPECT_EQ(window_->refreshed, 1);
 }
 
 // An ".EXE" without its run bit: the same message with its own cause, the same undo.
@@ -130,17 +138,8 @@ TEST_F(LaunchEdges, ExeWithoutRunBitIsToldAndUndone)
     ScriptedMsgBox box;
     RunSelectedItem(2);
 
-    ASSERT_EQ(box.calls().size(), 1u);
-    EXPECT_EQ(box.calls()[0].flags, 16);
-    EXPECT_EQ(box.calls()[0].caption, QStringLiteral("Emu実行エラー"));
-    EXPECT_EQ(box.calls()[0].text,
-              kStartFailed + dir + "/M88.EXE\r\n\r\n" +
-                  QStringLiteral("プログラムのファイルに実行の許可がありません。"));
-    EXPECT_EQ(ReadFile(dir + "/M88.INI"), kUserM88Ini);
-    EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
-    EXPECT_TRUE(WorkFiles().isEmpty());
-    EXPECT_TRUE(window_->calls.lastIndexOf("Enable") > window_->calls.lastIndexOf("Disable"));
-    EXPECT_EQ(window_->refreshed, 1);
+    ExpectM88StartFailureUndone(box, dir,
+                                QStringLiteral("プログラムのファイルに実行の許可がありません。"));
 }
 
 // A Windows program with its run bit, started directly, on a desktop that has no runner
@@ -163,17 +162,11 @@ TEST_F(LaunchEdges, WindowsProgramWithoutARunnerIsToldAndUndone)
     ScriptedMsgBox box;
     RunSelectedItem(2);
 
-    ASSERT_EQ(box.calls().size(), 1u);
-    EXPECT_EQ(box.calls()[0].flags, 16);
-    EXPECT_EQ(box.calls()[0].text,
-              kStartFailed + dir + "/M88.EXE\r\n\r\n" +
-                  QStringLiteral("Windows または DOS のプログラムです。このデスクトップには、"
-                                 "それを動かす実行環境（Wine など）が登録されていません。"
-                                 "「ランナー設定」で Wine か DOSBox を選んでください。"));
-    EXPECT_EQ(ReadFile(dir + "/M88.INI"), kUserM88Ini);
-    EXPECT_FALSE(QFileInfo::exists(dir + "/M88.ORG"));
-    EXPECT_TRUE(WorkFiles().isEmpty());
-    EXPECT_EQ(window_->refreshed, 1);
+    ExpectM88StartFailureUndone(
+        box, dir,
+        QStringLiteral("Windows または DOS のプログラムです。このデスクトップには、"
+                       "それを動かす実行環境（Wine など）が登録されていません。"
+                       "「ランナー設定」で Wine か DOSBox を選んでください。"));
 }
 
 namespace {

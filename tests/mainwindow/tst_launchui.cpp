@@ -14,6 +14,7 @@
 #include "support/ProcessState.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/TestEmu.h"
+#include "support/X1Desktop.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
 
@@ -40,17 +41,6 @@ private:
     LaunchUi* launch = nullptr;
     QList<Qt::WindowStates> statesDuringRun;
 
-    void writeCatalogue()
-    {
-        QByteArray b = tvtest::LstHeaderBytes(2);
-        tvtest::LstFields f;
-        f.title = QStringLiteral("ゲーム");
-        f.start = QStringLiteral("GAME.D88");
-        f.jitu = r + "/images/GAME.D88";
-        f.defEmu = 2; // X mil
-        b += tvtest::MakeLstRecord(2, f);
-        QVERIFY(tvtest::WriteBytes(AppDir + "/TORVANE.LX1", b));
-    }
     void select(int row)
     {
         win->lstD88->setCurrentIndex(ui->model()->index(row, 0));
@@ -66,29 +56,8 @@ private slots:
         QVERIFY(root.isValid());
         state.emplace();
         r = root.path();
-        for (const char* d : {"app/TORVBOOT", "tmp", "images", "snap", "emu"})
-            QDir(r).mkpath(d);
-        AppDir = r + "/app";
-        WorkDir = AppDir + "/TORVBOOT";
-        EnvTmpDir = EnvTempDir = r + "/tmp";
-        PeekDir = EnvTmpDir + "/TORVBOOT";
-        WindowsDir = "/etc";
-        SystemDir = "/usr";
-        KeyPrefix = "K";
-        TitleClosed = 1;
-        InitTables();
-        SetDefaultCfg(Cfg);
-        Cfg.X1rUse = Cfg.XmilUse = Cfg.WinX1Use = 1;
-        Cfg.XmilDir = r + "/emu";
-        Cfg.WinSendWait = 0;
-        ResolveCfgDirs(Cfg);
-        ImageDir[2] = r + "/images";
-        SnapDir[2] = r + "/snap";
-        NoImagePicture = QImage(8, 8, QImage::Format_RGB32);
-        NoImagePicture.fill(Qt::gray);
-        writeCatalogue();
-        HardWare = 2;
-        TrayWindowState = 0;
+        QVERIFY(tvtest::SetUpX1Desktop(r));
+        Cfg.X1rUse = Cfg.WinX1Use = 1;
         win = new frmMain;
         auto* catalogue = new MainCatalogue;
         win->SetCatalogue(std::unique_ptr<MainCatalogue>(catalogue));
@@ -225,15 +194,7 @@ private slots:
     void emulatorThatCantStartIsToldAndTheWindowComesBack()
     {
         Cfg.XmilCfgChk = 1;
-        const QByteArray users("[Xmillennium]\r\nStartDir=C:\\MINE\r\n");
-        QFile ini(r + "/emu/Xmillennium.ini");
-        QVERIFY(ini.open(QIODevice::WriteOnly));
-        ini.write(users);
-        ini.close();
-        QFile img(r + "/images/GAME.D88");
-        QVERIFY(img.open(QIODevice::WriteOnly));
-        img.write(QByteArray(1024, 'g'));
-        img.close();
+        QVERIFY(tvtest::WriteXmilIniAndImage(r));
         select(0);
         const QString statusBefore = ui->statusPanel1()->text();
         QCOMPARE(statusBefore, ItemStatusText(LstObj));
@@ -248,9 +209,7 @@ private slots:
             box.calls()[0].text,
             QStringLiteral("エミュレータを起動できませんでした。\r\n\r\n") + r +
                 QStringLiteral("/emu/Xmillennium.exe\r\n\r\nプログラムのファイルがありません。"));
-        QVERIFY(ini.open(QIODevice::ReadOnly));
-        QCOMPARE(ini.readAll(), users);
-        ini.close();
+        QCOMPARE(tvtest::ReadBytes(r + "/emu/Xmillennium.ini"), tvtest::UsersXmilIni());
         QVERIFY(!QFile::exists(r + "/emu/Xmillennium.org"));
         QVERIFY(QDir(WorkDir).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).isEmpty());
         QVERIFY(win->isEnabled());

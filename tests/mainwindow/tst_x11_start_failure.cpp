@@ -15,6 +15,7 @@
 #include "platform/MsgBoxQt_ui.h"
 #include "support/CatalogueBytes.h"
 #include "support/ProcessState.h"
+#include "support/X1Desktop.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
 
@@ -43,52 +44,13 @@ private slots:
         QTemporaryDir root;
         QVERIFY(root.isValid());
         const QString r = root.path();
-        for (const char* d : {"app/TORVBOOT", "tmp", "images", "snap", "emu"})
-            QDir(r).mkpath(d);
-        AppDir = r + "/app";
-        WorkDir = AppDir + "/TORVBOOT";
-        EnvTmpDir = EnvTempDir = r + "/tmp";
-        PeekDir = EnvTmpDir + "/TORVBOOT";
-        WindowsDir = "/etc";
-        SystemDir = "/usr";
-        KeyPrefix = "K";
-        TitleClosed = 1;
-        InitTables();
-        SetDefaultCfg(Cfg);
-        Cfg.XmilUse = 1;
+        QVERIFY(tvtest::SetUpX1Desktop(r));
         Cfg.XmilCfgChk = 1;
-        Cfg.XmilDir = r + "/emu";
-        Cfg.WinSendWait = 0;
-        ResolveCfgDirs(Cfg);
-        ImageDir[2] = r + "/images";
-        SnapDir[2] = r + "/snap";
-        NoImagePicture = QImage(8, 8, QImage::Format_RGB32);
-        NoImagePicture.fill(Qt::gray);
         // An X millennium whose program isn't runnable here: a Windows program without its run bit.
-        QFile exe(r + "/emu/Xmillennium.exe");
-        QVERIFY(exe.open(QIODevice::WriteOnly));
-        exe.write(QByteArray("MZ\x90\0", 4) + QByteArray(124, '\0'));
-        exe.close();
-        QFile::setPermissions(exe.fileName(), QFile::ReadOwner | QFile::WriteOwner);
-        const QByteArray users("[Xmillennium]\r\nStartDir=C:\\MINE\r\n");
-        QFile ini(r + "/emu/Xmillennium.ini");
-        QVERIFY(ini.open(QIODevice::WriteOnly));
-        ini.write(users);
-        ini.close();
-        QFile img(r + "/images/GAME.D88");
-        QVERIFY(img.open(QIODevice::WriteOnly));
-        img.write(QByteArray(1024, 'g'));
-        img.close();
-        QByteArray b = tvtest::LstHeaderBytes(2);
-        tvtest::LstFields f;
-        f.title = QStringLiteral("ゲーム");
-        f.start = QStringLiteral("GAME.D88");
-        f.jitu = r + "/images/GAME.D88";
-        f.defEmu = 2;
-        b += tvtest::MakeLstRecord(2, f);
-        QVERIFY(tvtest::WriteBytes(AppDir + "/TORVANE.LX1", b));
-        HardWare = 2;
-        TrayWindowState = 0;
+        QVERIFY(tvtest::WriteBytes(r + "/emu/Xmillennium.exe",
+                                   QByteArray("MZ\x90\0", 4) + QByteArray(124, '\0')));
+        QFile::setPermissions(r + "/emu/Xmillennium.exe", QFile::ReadOwner | QFile::WriteOwner);
+        QVERIFY(tvtest::WriteXmilIniAndImage(r));
 
         frmMain win;
         auto* catalogue = new MainCatalogue;
@@ -142,8 +104,7 @@ private slots:
         QVERIFY(saved);
         QVERIFY(win.isEnabled());
         QCOMPARE(ui->statusPanel1()->text(), statusBefore);
-        QVERIFY(ini.open(QIODevice::ReadOnly));
-        QCOMPARE(ini.readAll(), users);
+        QCOMPARE(tvtest::ReadBytes(r + "/emu/Xmillennium.ini"), tvtest::UsersXmilIni());
         QVERIFY(!QFile::exists(r + "/emu/Xmillennium.org"));
         QVERIFY(QDir(WorkDir).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).isEmpty());
     }
