@@ -392,11 +392,11 @@ void frmRunner::updateKind()
         return;
     const auto chosen = static_cast<RunnerKind>(cbxRunnerKind->currentData().toInt());
     const QString program = EmuProgramPath(current_);
-    const ProgramHeader h = ReadProgramHeader(program);
+    int bits = 0;
+    const ProgramHeader h = ReadProgramHeader(program, &bits);
     const RunnerKind detected = DetectRunner(current_, program);
     lblRunnerDetect->setText(
-        QStringLiteral("判定: %1 → %2")
-            .arg(ProgramHeaderText(h, WindowsProgramBits(program)), RunnerKindText(detected)));
+        QStringLiteral("判定: %1 → %2").arg(ProgramHeaderText(h, bits), RunnerKindText(detected)));
     lblRunnerDetect->setToolTip(program);
     const QString warn = RunnerMismatchText(current_, h, chosen);
     lblRunnerWarn->setText(warn.isEmpty() ? QString() : QStringLiteral("⚠ ") + warn);
