@@ -214,6 +214,13 @@ private:
 
 // Puts back, whatever way the road ends, the process-wide things the dry run changes.
 struct Restore {
+    explicit Restore(Emu e)
+        : emu(e), hadRunner(Runners().count(e) > 0), runner(RunnerOf(e)), hardWare(HardWare),
+          cwd(QDir::currentPath())
+    {
+    }
+    Restore(const Restore&) = delete;
+    Restore& operator=(const Restore&) = delete;
     ~Restore()
     {
         InstallProcessRecorder(recorder);
@@ -231,16 +238,12 @@ struct Restore {
     ProcessRecorder* recorder = nullptr;
     bool recordOnly = false;
     MainWindowLink* window = nullptr;
-    Emu emu = Emu::P88sr;
-    bool hadRunner = false;
-    RunnerSettings runner;
-    uint8_t hardWare = 0;
-    QString cwd;
+    const Emu emu;
+    const bool hadRunner;
+    const RunnerSettings runner;
+    const uint8_t hardWare;
+    const QString cwd;
 };
-
-} // namespace
-
-namespace {
 
 // Why the dry run can't go ("" when it can), before anything is touched.
 QString Refusal(Emu emu, const RunnerSettings& settings, bool titleSelected)
@@ -280,15 +283,10 @@ void RunRecorded(DryRunReport& r, const RunnerSettings& settings, Recorder& reco
 {
     const EmuRow& row = RowOf(r.emu);
     RecordingWindow window(Window(), r.windowSteps);
-    Restore restore;
+    Restore restore(r.emu);
     restore.recorder = InstallProcessRecorder(&recorder);
     restore.recordOnly = SetInputRecordOnly(true);
     restore.window = InstallWindow(&window);
-    restore.emu = r.emu;
-    restore.hadRunner = Runners().count(r.emu) > 0;
-    restore.runner = RunnerOf(r.emu);
-    restore.hardWare = HardWare;
-    restore.cwd = QDir::currentPath();
     restore.msgBox = SetMsgBoxHandler([&r](const MsgBoxCall& c) {
         static const QRegularExpression lineEnds(QStringLiteral("[\r\n]+"));
         r.messages << QStringLiteral("%1: %2").arg(

@@ -11,6 +11,7 @@
 #include "launch/LaunchCommand.h"
 #include "launch/MainWindowLink.h"
 #include "launch/Runner.h"
+#include "platform/FileOps.h"
 #include "platform/MsgBox.h"
 #include "platform/Platform.h"
 #include "util/Globals.h"

@@ -21,14 +21,14 @@ enum class RunnerKind { Auto, Direct, Wine, DosBox, Java };
 
 // What the first bytes of a program file say it is.
 enum class ProgramHeader {
-    Missing,   // no such file, or unreadable
-    Elf,       // a native program
-    Script,    // "#!"
-    Pe,        // "MZ" with "PE\0\0" at e_lfanew: a Windows program
-    Ne,        // "MZ" with "NE" at e_lfanew: a 16-bit Windows program
-    Mz,        // any other "MZ" (DOS programs and DOS extenders, LE/LX included)
-    Com,       // ".COM" without a header
-    Unknown,   // anything else
+    Missing, // no such file, or unreadable
+    Elf,     // a native program
+    Script,  // "#!"
+    Pe,      // "MZ" with "PE\0\0" at e_lfanew: a Windows program
+    Ne,      // "MZ" with "NE" at e_lfanew: a 16-bit Windows program
+    Mz,      // any other "MZ" (DOS programs and DOS extenders, LE/LX included)
+    Com,     // ".COM" without a header
+    Unknown, // anything else
 };
 
 // Which DOSBox the DOSBox runner speaks to (their command-line flags differ).
@@ -38,22 +38,22 @@ struct RunnerSettings {
     RunnerKind kind = RunnerKind::Auto;
 
     // Wine.
-    QString wineProgram;          // "" → "wine" from the search path
-    QString winePrefix;           // "" → Wine's own default prefix
-    bool japaneseLocale = true;   // LANG and LC_ALL ja_JP.UTF-8 for the emulator
+    QString wineProgram;        // "" → "wine" from the search path
+    QString winePrefix;         // "" → Wine's own default prefix
+    bool japaneseLocale = true; // LANG and LC_ALL ja_JP.UTF-8 for the emulator
     QString wineDebug = QStringLiteral("-all");
-    QString dllOverrides;         // WINEDLLOVERRIDES
+    QString dllOverrides; // WINEDLLOVERRIDES
     // Optional drive table: "D:=/native/dir" entries; the longest native prefix wins, and
     // "Z:" + the absolute path stays the fallback.
     QStringList driveTable;
 
     // DOSBox.
-    QString dosboxProgram;        // "" → "dosbox" from the search path
+    QString dosboxProgram; // "" → "dosbox" from the search path
     DosBoxFlavour dosboxFlavour = DosBoxFlavour::Classic;
 
     // Java.
-    QString javaProgram;          // "" → the program options' Java runtime, else "java"
-    QString jvmArguments;         // blank-separated, before "-jar"
+    QString javaProgram;  // "" → the program options' Java runtime, else "java"
+    QString jvmArguments; // blank-separated, before "-jar"
 
     // Any runner (Direct included): extra arguments of the outer command, before the
     // emulator's, and extra environment entries "NAME=value".
@@ -79,8 +79,9 @@ QString RunnerSettingsPath();
 RunnerTable LoadRunnerSettings(const QString& path);
 bool SaveRunnerSettings(const QString& path, const RunnerTable& table);
 
-// Reads the program's header.
-ProgramHeader ReadProgramHeader(const QString& programPath);
+// Reads the program's header; `windowsBits`, when given, gets 16 for an NE program, 32 or 64
+// for a PE program by its machine, else 0.
+ProgramHeader ReadProgramHeader(const QString& programPath, int* windowsBits = nullptr);
 // The kind that Auto stands for: ELF or script → Direct, PE/NE → Wine, other MZ and a
 // header-less .COM → DOSBox, the j80 road → Java; Unknown/Missing → Direct (as today).
 RunnerKind DetectRunner(Emu emu, const QString& programPath);
@@ -128,8 +129,8 @@ QString RunnerProgram(RunnerKind kind, const RunnerSettings& s, const LaunchComm
 bool RunnerProgramFound(const QString& program);
 
 // The Wine prefix a launch uses: the setting, else WINEPREFIX, else ~/.wine; it is prepared
-// once "system.reg" or wineboot's ".update-timestamp" stands in it. The wineboot program beside the Wine program, else on the
-// search path.
+// once "system.reg" or wineboot's ".update-timestamp" stands in it. The wineboot program beside the
+// Wine program, else on the search path.
 QString WinePrefixOf(const RunnerSettings& s);
 bool WinePrefixPrepared(const RunnerSettings& s);
 QString WinebootProgram(const RunnerSettings& s);

@@ -199,29 +199,9 @@ QString ProgramHeaderText(ProgramHeader h, int peBits)
 
 int WindowsProgramBits(const QString& programPath)
 {
-    if (programPath.isEmpty())
-        return 0;
-    QFile f(programPath);
-    if (!f.open(QIODevice::ReadOnly))
-        return 0;
-    const QByteArray mz = f.read(64);
-    if (mz.size() < 64 || !mz.startsWith("MZ"))
-        return 0;
-    const auto b = [&](int i) { return quint32(quint8(mz[i])); };
-    const quint32 lfanew = b(0x3C) | b(0x3D) << 8 | b(0x3E) << 16 | b(0x3F) << 24;
-    if (!f.seek(lfanew))
-        return 0;
-    const QByteArray hdr = f.read(6);
-    if (hdr.startsWith("NE"))
-        return 16;
-    if (hdr.size() < 6 || !hdr.startsWith(QByteArray("PE\0\0", 4)))
-        return 0;
-    const quint32 machine = quint32(quint8(hdr[4])) | quint32(quint8(hdr[5])) << 8;
-    if (machine == 0x014C)
-        return 32;
-    if (machine == 0x8664 || machine == 0xAA64)
-        return 64;
-    return 0;
+    int bits = 0;
+    ReadProgramHeader(programPath, &bits);
+    return bits;
 }
 
 QString RunnerMismatchText(Emu emu, ProgramHeader h, RunnerKind chosen)
@@ -302,8 +282,8 @@ QString CheckRunner(Emu emu, const RunnerSettings& s)
 {
     const EmuRow& row = RowOf(emu);
     const QString program = EmuProgramPath(emu);
-    const ProgramHeader h = ReadProgramHeader(program);
-    const int bits = WindowsProgramBits(program);
+    int bits = 0;
+    const ProgramHeader h = ReadProgramHeader(program, &bits);
     const RunnerKind kind = EffectiveRunner(emu, program, s);
 
     QString out;

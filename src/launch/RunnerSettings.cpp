@@ -217,10 +217,10 @@ void WriteSection(QTextStream& out, const EmuRow& row, const RunnerSettings& s,
         out << line << "\n";
 }
 
-QString ReadText(const QString& path, bool* exists)
+// The file's text; a missing or unreadable file reads as empty.
+QString ReadText(const QString& path)
 {
     QFile f(path);
-    *exists = f.exists();
     if (!f.open(QIODevice::ReadOnly))
         return {};
     QString text = QString::fromUtf8(f.readAll());
@@ -238,20 +238,18 @@ QString RunnerSettingsPath()
 
 RunnerTable LoadRunnerSettings(const QString& path)
 {
-    bool exists = false;
     RunnerTable table;
     Foreign foreign;
-    ReadLines(ReadText(path, &exists), table, foreign);
+    ReadLines(ReadText(path), table, foreign);
     return table;
 }
 
 bool SaveRunnerSettings(const QString& path, const RunnerTable& table)
 {
     // What the file holds that this version doesn't read goes over into the new one.
-    bool exists = false;
     RunnerTable old;
     Foreign foreign;
-    ReadLines(ReadText(path, &exists), old, foreign);
+    ReadLines(ReadText(path), old, foreign);
 
     QString text;
     QTextStream out(&text);

@@ -1,10 +1,10 @@
 #include "platform/KeySend.h"
+#include "platform/Platform.h"
 
 #include <QClipboard>
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QGuiApplication>
 #include <QSet>
 #include <utility>
@@ -208,19 +208,11 @@ void SetClipSettle(int settleMs)
 
 bool ProcessDescendsFrom(int64_t pid, int64_t ancestor)
 {
-    // Up the parent chain through /proc/<pid>/stat, whose fourth field is the parent; the
-    // second (the name in parentheses) may hold blanks, so the fields count from its end.
+    // Up the parent chain: the parent is the field after the state.
     for (int depth = 0; pid > 1 && depth < 64; ++depth) {
         if (pid == ancestor)
             return true;
-        QFile f(QStringLiteral("/proc/%1/stat").arg(pid));
-        if (!f.open(QIODevice::ReadOnly))
-            return false;
-        const QByteArray stat = f.read(512);
-        const qsizetype close = stat.lastIndexOf(')');
-        if (close < 0)
-            return false;
-        const QList<QByteArray> fields = stat.mid(close + 2).split(' ');
+        const QList<QByteArray> fields = ProcStatFields(pid);
         if (fields.size() < 2)
             return false;
         pid = fields[1].toLongLong();

@@ -1,6 +1,8 @@
 #pragma once
 // The platform services the rest of the program uses. Nothing outside src/platform includes
 // an operating-system header.
+#include <QByteArray>
+#include <QList>
 #include <QString>
 #include <cstdint>
 #include <memory>
@@ -41,6 +43,9 @@ QString InstanceLockPath(const QString& executablePath, const QString& lockDirec
 void SleepMs(int ms);
 // Whether a process of this id is running (an ended one not yet reaped is not).
 bool ProcessRunning(int64_t pid);
+// The fields of /proc/<pid>/stat after the name (state, parent, ...); empty when the process's
+// status can't be read. The name in parentheses may hold blanks, so it is cut off first.
+QList<QByteArray> ProcStatFields(int64_t pid);
 // Serves pending events of the event loop (the yield of the start-up and the launch waits).
 void DoEvents();
 

@@ -188,12 +188,20 @@ bool ProcessRunning(int64_t pid)
         return false;
     // An ended process that nobody has reaped yet (a detached one under an init that doesn't
     // reap) is a zombie: the state after the name in /proc/<pid>/stat.
+    const QList<QByteArray> fields = ProcStatFields(pid);
+    return fields.isEmpty() || !fields[0].startsWith('Z');
+}
+
+QList<QByteArray> ProcStatFields(int64_t pid)
+{
     QFile stat(QStringLiteral("/proc/%1/stat").arg(pid));
     if (!stat.open(QIODevice::ReadOnly))
-        return true;
+        return {};
     const QByteArray text = stat.read(512);
     const qsizetype close = text.lastIndexOf(')');
-    return close < 0 || close + 2 >= text.size() || text[close + 2] != 'Z';
+    if (close < 0 || close + 2 >= text.size())
+        return {};
+    return text.mid(close + 2).split(' ');
 }
 
 } // namespace tv

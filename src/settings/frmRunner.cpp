@@ -110,11 +110,16 @@ frmRunner::frmRunner(QWidget* parent) : QDialog(parent)
     selectEmu(Emu::P88sr);
 }
 
-// "..." beside a path: the file dialog for a program, the directory picker for a prefix.
-QToolButton* frmRunner::Browse(const char* name, QLineEdit* edit, bool directory)
+// A path field with its "..." beside it as a row of the form, named txt<stem>, cmd<stem> and
+// lbl<stem>. The button opens the file dialog for a program, the directory picker for a prefix.
+QLineEdit* frmRunner::PathRow(QFormLayout* form, const QString& stem, const QString& label,
+                              const QString& placeholder, bool directory, QToolButton*& button)
 {
+    auto* edit = new QLineEdit(form->parentWidget());
+    edit->setObjectName(QStringLiteral("txt") + stem);
+    edit->setPlaceholderText(placeholder);
     auto* b = new QToolButton(this);
-    b->setObjectName(QLatin1String(name));
+    b->setObjectName(QStringLiteral("cmd") + stem);
     b->setText(QStringLiteral("..."));
     b->setToolTip(directory ? QStringLiteral("ディレクトリを選ぶ")
                             : QStringLiteral("プログラムを選ぶ"));
@@ -129,7 +134,9 @@ QToolButton* frmRunner::Browse(const char* name, QLineEdit* edit, bool directory
         if (!file.isEmpty())
             edit->setText(file);
     });
-    return b;
+    AddRow(form, label, edit, ("lbl" + stem).toLatin1().constData(), WithBrowse(edit, b));
+    button = b;
+    return edit;
 }
 
 QWidget* frmRunner::buildWinePage()
@@ -137,16 +144,11 @@ QWidget* frmRunner::buildWinePage()
     auto* page = new QWidget;
     page->setObjectName(QStringLiteral("fraRunnerWine"));
     QFormLayout* f = Form(page);
-    txtWineProgram = Line("txtWineProgram", page);
-    txtWineProgram->setPlaceholderText(QStringLiteral("wine（検索パスから）"));
-    cmdWineProgram = Browse("cmdWineProgram", txtWineProgram, false);
-    AddRow(f, QStringLiteral("Wine プログラム(&W):"), txtWineProgram, "lblWineProgram",
-           WithBrowse(txtWineProgram, cmdWineProgram));
-    txtWinePrefix = Line("txtWinePrefix", page);
-    txtWinePrefix->setPlaceholderText(QStringLiteral("Wine の既定（~/.wine）"));
-    cmdWinePrefix = Browse("cmdWinePrefix", txtWinePrefix, true);
-    AddRow(f, QStringLiteral("WINEPREFIX(&P):"), txtWinePrefix, "lblWinePrefix",
-           WithBrowse(txtWinePrefix, cmdWinePrefix));
+    txtWineProgram =
+        PathRow(f, QStringLiteral("WineProgram"), QStringLiteral("Wine プログラム(&W):"),
+                QStringLiteral("wine（検索パスから）"), false, cmdWineProgram);
+    txtWinePrefix = PathRow(f, QStringLiteral("WinePrefix"), QStringLiteral("WINEPREFIX(&P):"),
+                            QStringLiteral("Wine の既定（~/.wine）"), true, cmdWinePrefix);
     chkWineJapanese = new QCheckBox(QStringLiteral("日本語ロケール ja_JP.UTF-8 で起動(&J)"), page);
     chkWineJapanese->setObjectName(QStringLiteral("chkWineJapanese"));
     f->addRow(QString(), chkWineJapanese);
@@ -167,11 +169,9 @@ QWidget* frmRunner::buildDosBoxPage()
     auto* page = new QWidget;
     page->setObjectName(QStringLiteral("fraRunnerDosBox"));
     QFormLayout* f = Form(page);
-    txtDosBoxProgram = Line("txtDosBoxProgram", page);
-    txtDosBoxProgram->setPlaceholderText(QStringLiteral("dosbox（検索パスから）"));
-    cmdDosBoxProgram = Browse("cmdDosBoxProgram", txtDosBoxProgram, false);
-    AddRow(f, QStringLiteral("DOSBox プログラム(&B):"), txtDosBoxProgram, "lblDosBoxProgram",
-           WithBrowse(txtDosBoxProgram, cmdDosBoxProgram));
+    txtDosBoxProgram =
+        PathRow(f, QStringLiteral("DosBoxProgram"), QStringLiteral("DOSBox プログラム(&B):"),
+                QStringLiteral("dosbox（検索パスから）"), false, cmdDosBoxProgram);
     cbxDosBoxFlavour = new QComboBox(page);
     cbxDosBoxFlavour->setObjectName(QStringLiteral("cbxDosBoxFlavour"));
     cbxDosBoxFlavour->addItem(QStringLiteral("DOSBox"), int(DosBoxFlavour::Classic));
@@ -186,11 +186,9 @@ QWidget* frmRunner::buildJavaPage()
     auto* page = new QWidget;
     page->setObjectName(QStringLiteral("fraRunnerJava"));
     QFormLayout* f = Form(page);
-    txtJavaProgram = Line("txtJavaProgram", page);
-    txtJavaProgram->setPlaceholderText(QStringLiteral("TORVANE ｵﾌﾟｼｮﾝの JavaVM、なければ java"));
-    cmdJavaProgram = Browse("cmdJavaProgram", txtJavaProgram, false);
-    AddRow(f, QStringLiteral("Java プログラム(&V):"), txtJavaProgram, "lblJavaProgram",
-           WithBrowse(txtJavaProgram, cmdJavaProgram));
+    txtJavaProgram =
+        PathRow(f, QStringLiteral("JavaProgram"), QStringLiteral("Java プログラム(&V):"),
+                QStringLiteral("TORVANE ｵﾌﾟｼｮﾝの JavaVM、なければ java"), false, cmdJavaProgram);
     txtJvmArguments = Line("txtJvmArguments", page);
     txtJvmArguments->setPlaceholderText(QStringLiteral("例: -Xmx256m"));
     AddRow(f, QStringLiteral("JVM 引数(&M):"), txtJvmArguments, "lblJvmArguments");
@@ -394,11 +392,11 @@ void frmRunner::updateKind()
         return;
     const auto chosen = static_cast<RunnerKind>(cbxRunnerKind->currentData().toInt());
     const QString program = EmuProgramPath(current_);
-    const ProgramHeader h = ReadProgramHeader(program);
+    int bits = 0;
+    const ProgramHeader h = ReadProgramHeader(program, &bits);
     const RunnerKind detected = DetectRunner(current_, program);
     lblRunnerDetect->setText(
-        QStringLiteral("判定: %1 → %2")
-            .arg(ProgramHeaderText(h, WindowsProgramBits(program)), RunnerKindText(detected)));
+        QStringLiteral("判定: %1 → %2").arg(ProgramHeaderText(h, bits), RunnerKindText(detected)));
     lblRunnerDetect->setToolTip(program);
     const QString warn = RunnerMismatchText(current_, h, chosen);
     lblRunnerWarn->setText(warn.isEmpty() ? QString() : QStringLiteral("⚠ ") + warn);

@@ -61,7 +61,8 @@ private:
     void build();
     void buildEmuList();
     QFormLayout* buildKindPanel();
-    QToolButton* Browse(const char* name, QLineEdit* edit, bool directory);
+    QLineEdit* PathRow(QFormLayout* form, const QString& stem, const QString& label,
+                       const QString& placeholder, bool directory, QToolButton*& button);
     QWidget* buildWinePage();
     QWidget* buildDosBoxPage();
     QWidget* buildJavaPage();

@@ -4,6 +4,7 @@
 #include "launch/RunnerCheck.h"
 #include "support/GuardedDirs.h"
 #include "support/ProcessState.h"
+#include "support/ProgramBytes.h"
 #include "support/ScriptedProbe.h"
 #include "util/Globals.h"
 
@@ -17,18 +18,6 @@ using namespace tvtest;
 
 namespace {
 
-// A Windows program's first bytes: "MZ", e_lfanew 0x40, then the signature and the machine.
-QByteArray WindowsExe(const QByteArray& signature, quint16 machine)
-{
-    QByteArray b(0x80, '\0');
-    b[0] = 'M';
-    b[1] = 'Z';
-    b[0x3C] = 0x40;
-    b.replace(0x40, signature.size(), signature);
-    b[0x40 + 4] = char(machine & 0xFF);
-    b[0x40 + 5] = char(machine >> 8);
-    return b;
-}
 QByteArray Pe(quint16 machine)
 {
     return WindowsExe(QByteArray("PE\0\0", 4), machine);

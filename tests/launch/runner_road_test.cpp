@@ -68,6 +68,17 @@ protected:
         return runs.empty() ? TestEmuRun{} : runs.back();
     }
 
+    // A launch the runner refuses: one message, no run of the emulator, WorkDir left empty.
+    tv::MsgBoxCall Refused(int code)
+    {
+        ScriptedMsgBox box;
+        RunSelectedItem(int16_t(code));
+        EXPECT_TRUE(Runs().empty());
+        EXPECT_TRUE(WorkFiles().isEmpty());
+        EXPECT_EQ(box.calls().size(), 1u) << box.texts().join("|").toStdString();
+        return box.calls().empty() ? tv::MsgBoxCall{} : box.calls()[0];
+    }
+
     static void ExpectSameRun(const TestEmuRun& direct, const TestEmuRun& wrapped)
     {
         EXPECT_EQ(wrapped.exeName, direct.exeName);
@@ -281,16 +292,11 @@ TEST_F(RunnerRoad, AMissingRunnerIsToldBeforeAnythingIsTouched)
     s.wineProgram = r_ + "/nowhere/wine";
     Runners()[Emu::M88] = s;
 
-    ScriptedMsgBox box;
-    RunSelectedItem(2);
-
-    ASSERT_EQ(box.calls().size(), 1u);
-    EXPECT_EQ(box.calls()[0].text, kRunnerMissingText.arg(r_ + "/nowhere/wine"));
-    EXPECT_EQ(box.calls()[0].flags, 48);
-    EXPECT_EQ(box.calls()[0].caption, "Emu実行エラー");
-    EXPECT_TRUE(Runs().empty());
+    const MsgBoxCall told = Refused(2);
+    EXPECT_EQ(told.text, kRunnerMissingText.arg(r_ + "/nowhere/wine"));
+    EXPECT_EQ(told.flags, 48);
+    EXPECT_EQ(told.caption, "Emu実行エラー");
     EXPECT_EQ(QDir(dir).entryList(QDir::Files), (QStringList{"M88.EXE", "M88.INI", "testemu.ini"}));
-    EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
 TEST_F(RunnerRoad, APrefixThatCantBePreparedEndsTheLaunch)
@@ -304,14 +310,8 @@ TEST_F(RunnerRoad, APrefixThatCantBePreparedEndsTheLaunch)
     Runners()[Emu::M88] = s;
     qputenv("TESTRUNNER_FAIL", "wineboot");
 
-    ScriptedMsgBox box;
-    RunSelectedItem(2);
-
-    ASSERT_EQ(box.calls().size(), 1u);
-    EXPECT_EQ(box.calls()[0].text, kWinePrefixText.arg(r_ + "/prefix"));
-    EXPECT_TRUE(Runs().empty());
+    EXPECT_EQ(Refused(2).text, kWinePrefixText.arg(r_ + "/prefix"));
     EXPECT_EQ(QDir(dir).entryList(QDir::Files), (QStringList{"M88.EXE", "testemu.ini"}));
-    EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
 // P88SR takes its second disk by the name in the record: a long one DOS can't reach refuses
@@ -329,16 +329,10 @@ TEST_F(RunnerRoad, ANameDosCantReachIsToldBeforeAnythingIsTouched)
     s.dosboxProgram = bin_ + "/dosbox";
     Runners()[Emu::P88sr] = s;
 
-    ScriptedMsgBox box;
-    RunSelectedItem(1);
-
-    ASSERT_EQ(box.calls().size(), 1u);
-    EXPECT_EQ(box.calls()[0].text, kDosNameText.arg("「SECOND DISK.D88」に空白があります。"));
-    EXPECT_TRUE(Runs().empty());
+    EXPECT_EQ(Refused(1).text, kDosNameText.arg("「SECOND DISK.D88」に空白があります。"));
     EXPECT_EQ(QDir(dir).entryList(QDir::Files),
               (QStringList{"P88SR.CFG", "P88SR.EXE", "testemu.ini"}));
     EXPECT_EQ(ReadFile(dir + "/P88SR.CFG"), "user's");
-    EXPECT_TRUE(WorkFiles().isEmpty());
 }
 
 // A command that DOS can't carry, known only once the branch has made it, ends the launch with
@@ -356,18 +350,13 @@ TEST_F(RunnerRoad, ACommandDosCantCarryIsUndoneAndTold)
     s.dosboxProgram = bin_ + "/dosbox";
     Runners()[Emu::QUASI88] = s;
 
-    ScriptedMsgBox box;
-    RunSelectedItem(5);
-
-    ASSERT_EQ(box.calls().size(), 1u);
-    EXPECT_EQ(box.calls()[0].text,
+    const MsgBoxCall told = Refused(5);
+    EXPECT_EQ(told.text,
               kDosNameText.arg("「" + ToWinePath(dir) +
                                "」は8.3形式（名前8文字・拡張子3文字まで）の名前ではありません。"));
-    EXPECT_EQ(box.calls()[0].caption, "Emu実行エラー");
-    EXPECT_TRUE(Runs().empty());
+    EXPECT_EQ(told.caption, "Emu実行エラー");
     EXPECT_FALSE(QFileInfo::exists(runnerLog_));
     EXPECT_EQ(QDir(dir).entryList(QDir::Files), before);
-    EXPECT_TRUE(WorkFiles().isEmpty());
     EXPECT_TRUE(
         QDir(EnvTmpDir)
             .entryList({"torvane-run-*"}, QDir::AllEntries | QDir::System | QDir::NoDotAndDotDot)

@@ -26,12 +26,6 @@ using namespace tvtest;
 
 namespace {
 
-bool Write(const QString& path, const QByteArray& bytes)
-{
-    QFile f(path);
-    return f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(bytes) == bytes.size();
-}
-
 // A DOS header whose e_lfanew points at `lfanew`, with `newHeader` there.
 QByteArray Mz(int32_t lfanew, const QByteArray& newHeader)
 {
@@ -70,7 +64,7 @@ protected:
     ProgramHeader Header(const QString& name, const QByteArray& bytes)
     {
         const QString path = r_ + "/emu/" + name;
-        EXPECT_TRUE(Write(path, bytes));
+        EXPECT_TRUE(WriteFile(path, bytes));
         return ReadProgramHeader(path);
     }
 
@@ -137,11 +131,11 @@ TEST_F(RunnerTest, TruncatedAndMissingFiles)
 
 TEST_F(RunnerTest, AutoStandsForTheKindOfTheHeader)
 {
-    Write(r_ + "/emu/M88.EXE", Mz(0x80, QByteArray("PE\0\0\x4c\x01", 6)));
-    Write(r_ + "/emu/WIN16.EXE", Mz(0x80, QByteArray("NE", 2)));
-    Write(r_ + "/emu/XM7.EXE", Mz(0x100, QByteArray("LE\0\0", 4)));
-    Write(r_ + "/emu/X1R.COM", QByteArray("\xcd\x20", 2));
-    Write(r_ + "/emu/run.sh", "#!/bin/sh\n");
+    ASSERT_TRUE(WriteFile(r_ + "/emu/M88.EXE", Mz(0x80, QByteArray("PE\0\0\x4c\x01", 6))));
+    ASSERT_TRUE(WriteFile(r_ + "/emu/WIN16.EXE", Mz(0x80, QByteArray("NE", 2))));
+    ASSERT_TRUE(WriteFile(r_ + "/emu/XM7.EXE", Mz(0x100, QByteArray("LE\0\0", 4))));
+    ASSERT_TRUE(WriteFile(r_ + "/emu/X1R.COM", QByteArray("\xcd\x20", 2)));
+    ASSERT_TRUE(WriteFile(r_ + "/emu/run.sh", "#!/bin/sh\n"));
     const QString elf = InstallTestEmu(r_ + "/emu", "P88SR.EXE");
     EXPECT_EQ(DetectRunner(Emu::M88, r_ + "/emu/M88.EXE"), RunnerKind::Wine);
     EXPECT_EQ(DetectRunner(Emu::M88, r_ + "/emu/WIN16.EXE"), RunnerKind::Wine);
@@ -361,8 +355,8 @@ TEST_F(RunnerTest, AMissingRunnerIsNamed)
 
 TEST_F(RunnerTest, GeneratedFilesComeAndGoWithoutTouchingWhatTheyPointAt)
 {
-    Write(r_ + "/work/GAME.D88", "disk");
-    Write(r_ + "/emu/X1R.COM", "\xcd\x20");
+    ASSERT_TRUE(WriteFile(r_ + "/work/GAME.D88", "disk"));
+    ASSERT_TRUE(WriteFile(r_ + "/emu/X1R.COM", "\xcd\x20"));
     RunnerSettings s;
     s.dosboxProgram = r_ + "/bin/dosbox";
     LaunchCommand cmd(r_ + "/emu/X1R.COM");
@@ -392,8 +386,8 @@ TEST_F(RunnerTest, GeneratedFilesComeAndGoWithoutTouchingWhatTheyPointAt)
 // a running process stay, and what the links point at is never touched.
 TEST_F(RunnerTest, FilesOfEndedProcessesAreSweptAtTheNextCreation)
 {
-    Write(r_ + "/work/GAME.D88", "disk");
-    Write(r_ + "/emu/X1R.COM", "\xcd\x20");
+    ASSERT_TRUE(WriteFile(r_ + "/work/GAME.D88", "disk"));
+    ASSERT_TRUE(WriteFile(r_ + "/emu/X1R.COM", "\xcd\x20"));
     RunnerSettings s;
     s.dosboxProgram = r_ + "/bin/dosbox";
     LaunchCommand cmd(r_ + "/emu/X1R.COM");

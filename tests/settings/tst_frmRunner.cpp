@@ -6,6 +6,7 @@
 #include "settings/frmRunner.h"
 #include "support/GuardedDirs.h"
 #include "support/ProcessState.h"
+#include "support/ProgramBytes.h"
 #include "support/ScriptedMsgBox.h"
 #include "support/ScriptedPickers.h"
 #include "support/ScriptedProbe.h"
@@ -30,18 +31,6 @@
 using namespace tv;
 
 namespace {
-
-QByteArray Pe32()
-{
-    QByteArray b(0x80, '\0');
-    b[0] = 'M';
-    b[1] = 'Z';
-    b[0x3C] = 0x40;
-    b.replace(0x40, 4, QByteArray("PE\0\0", 4));
-    b[0x44] = 0x4C;
-    b[0x45] = 0x01;
-    return b;
-}
 
 void SetKind(frmRunner& d, RunnerKind k)
 {
@@ -76,7 +65,7 @@ private slots:
         Cfg.WinSendWait = 0;
         m88 = root.path() + "/m88";
         QDir().mkpath(m88);
-        QVERIFY(tvtest::WriteFile(m88 + "/M88.EXE", Pe32()));
+        QVERIFY(tvtest::WriteFile(m88 + "/M88.EXE", tvtest::Pe32Exe()));
         Cfg.M88Dir = m88;
         Cfg.M88Use = 1;
     }

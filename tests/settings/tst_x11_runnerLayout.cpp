@@ -8,6 +8,7 @@
 #include "support/DialogLayout.h"
 #include "support/GuardedDirs.h"
 #include "support/ProcessState.h"
+#include "support/ProgramBytes.h"
 #include "support/StubWindow.h"
 #include "util/Globals.h"
 #include "util/SubFunction.h"
@@ -63,12 +64,7 @@ private slots:
             SnapDir[f] = r + "/snap";
         }
         m88 = r + "/m88";
-        QByteArray pe(0x80, '\0');
-        pe[0] = 'M';
-        pe[1] = 'Z';
-        pe[0x3C] = 0x40;
-        pe.replace(0x40, 6, QByteArray("PE\0\0\x4C\x01", 6));
-        QVERIFY(tvtest::WriteFile(m88 + "/M88.EXE", pe));
+        QVERIFY(tvtest::WriteFile(m88 + "/M88.EXE", tvtest::Pe32Exe()));
         QVERIFY(tvtest::WriteFile(m88 + "/M88.INI", "[M88p2 for Windows]\r\nFlags=1\r\n"));
         Cfg.M88Dir = m88;
         Cfg.M88Use = 1;
