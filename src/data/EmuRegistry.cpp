@@ -137,6 +137,7 @@ const std::array<EmuRow, 13> kRows{{
      .allScr = &R::J80AllScr,
      .types = {"D88", "T88", "CMT"},
      .splitMode = -1,
+     .javaArchive = true,
      .filterDisplay = "j80 (j80.jar)",
      .filterPattern = "j80.jar",
      .key = "J80",

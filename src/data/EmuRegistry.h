@@ -50,6 +50,8 @@ struct EmuRow {
     int splitMode = -1;
     // It may want the PCI sound-card driver files in WorkDir.
     bool pciDebug = false;
+    // The program is a Java archive: 自動 starts it on a Java runtime.
+    bool javaArchive = false;
 
     // The settings dialog's open-file filter of the program.
     const char* filterDisplay = nullptr;

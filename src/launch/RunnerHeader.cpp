@@ -1,6 +1,7 @@
 // What a program file is, from its first bytes, and the runner that fits it. Kept apart from
 // the rest of the runners so that the header reader can be fuzzed on its own.
 #include "data/ByteCodec.h"
+#include "data/EmuRegistry.h"
 #include "launch/Runner.h"
 
 #include <QFile>
@@ -86,7 +87,7 @@ ProgramHeader ReadProgramHeader(const QString& programPath, int* windowsBits)
 
 RunnerKind DetectRunner(Emu emu, const QString& programPath)
 {
-    if (emu == Emu::J80)
+    if (RowOf(emu).javaArchive)
         return RunnerKind::Java;
     switch (ReadProgramHeader(programPath)) {
     case ProgramHeader::Pe:

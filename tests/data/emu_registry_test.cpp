@@ -113,3 +113,9 @@ TEST(EmuRegistry, SplitRowsAndTheirModes)
                   Emu::Xm7Dos, Emu::Xm7Win, Emu::Em7Win, Emu::WinX1})
         EXPECT_EQ(RowOf(e).splitMode, -1) << CodeOf(e);
 }
+
+TEST(EmuRegistry, OnlyJ80IsAJavaArchive)
+{
+    for (const EmuRow& r : EmuRows())
+        EXPECT_EQ(r.javaArchive, r.emu == Emu::J80) << r.code();
+}
