@@ -305,4 +305,16 @@ bool PrepareRunner(Emu emu, const QString& programPath, const QStringList& dosNa
     return true;
 }
 
+RunnerKind DetectRunner(Emu emu, const QString& programPath)
+{
+    if (RowOf(emu).javaArchive)
+        return RunnerKind::Java;
+    return RunnerForHeader(ReadProgramHeader(programPath));
+}
+
+RunnerKind EffectiveRunner(Emu emu, const QString& programPath, const RunnerSettings& s)
+{
+    return s.kind == RunnerKind::Auto ? DetectRunner(emu, programPath) : s.kind;
+}
+
 } // namespace tv

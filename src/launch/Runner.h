@@ -85,6 +85,8 @@ ProgramHeader ReadProgramHeader(const QString& programPath, int* windowsBits = n
 // The kind that Auto stands for: ELF or script → Direct, PE/NE → Wine, other MZ and a
 // header-less .COM → DOSBox, the j80 road → Java; Unknown/Missing → Direct (as today).
 RunnerKind DetectRunner(Emu emu, const QString& programPath);
+// The kind a header stands for, the Java archive aside.
+RunnerKind RunnerForHeader(ProgramHeader header);
 // The kind a launch uses: the setting, or the detected one for Auto.
 RunnerKind EffectiveRunner(Emu emu, const QString& programPath, const RunnerSettings& s);
 

@@ -1,7 +1,6 @@
 // What a program file is, from its first bytes, and the runner that fits it. Kept apart from
 // the rest of the runners so that the header reader can be fuzzed on its own.
 #include "data/ByteCodec.h"
-#include "data/EmuRegistry.h"
 #include "launch/Runner.h"
 
 #include <QFile>
@@ -85,11 +84,9 @@ ProgramHeader ReadProgramHeader(const QString& programPath, int* windowsBits)
     return h;
 }
 
-RunnerKind DetectRunner(Emu emu, const QString& programPath)
+RunnerKind RunnerForHeader(ProgramHeader header)
 {
-    if (RowOf(emu).javaArchive)
-        return RunnerKind::Java;
-    switch (ReadProgramHeader(programPath)) {
+    switch (header) {
     case ProgramHeader::Pe:
     case ProgramHeader::Ne:
         return RunnerKind::Wine;
@@ -103,11 +100,6 @@ RunnerKind DetectRunner(Emu emu, const QString& programPath)
         break;
     }
     return RunnerKind::Direct;
-}
-
-RunnerKind EffectiveRunner(Emu emu, const QString& programPath, const RunnerSettings& s)
-{
-    return s.kind == RunnerKind::Auto ? DetectRunner(emu, programPath) : s.kind;
 }
 
 } // namespace tv

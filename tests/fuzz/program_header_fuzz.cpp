@@ -68,7 +68,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size)
     } else if (h != (com ? H::Com : H::Unknown)) {
         std::abort();
     }
-    const tv::RunnerKind k = tv::DetectRunner(tv::Emu::M88, path);
+    const tv::RunnerKind k = tv::RunnerForHeader(h);
     const bool wine = h == H::Pe || h == H::Ne;
     const bool dos = h == H::Mz || h == H::Com;
     if ((k == tv::RunnerKind::Wine) != wine || (k == tv::RunnerKind::DosBox) != dos)
